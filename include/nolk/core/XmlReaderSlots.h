@@ -1,0 +1,113 @@
+#ifndef NOLK_CORE_XML_READER_SLOTS_H
+#define NOLK_CORE_XML_READER_SLOTS_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+namespace nolk {
+
+/**
+ * A list whose slots are kept and reused: clear() only resets the count, so that filling it again
+ * allocates nothing until it grows beyond its longest use.
+ *
+ * The first entry makes room for sixteen, so that the many lists that never hold one cost no
+ * memory; from there the room doubles. Copying copies the live entries.
+ */
+template <class T>
+class XmlReaderSlots {
+    static_assert(std::is_trivially_copyable_v<T>, "slots are moved as bytes");
+
+public:
+    using const_iterator = const T*;
+
+    XmlReaderSlots() = default;
+    XmlReaderSlots(const XmlReaderSlots& other) { *this = other; }
+    XmlReaderSlots(XmlReaderSlots&& other) noexcept
+        : count_(std::exchange(other.count_, 0)),
+          capacity_(std::exchange(other.capacity_, 0)),
+          slots_(std::move(other.slots_)) {}
+
+    XmlReaderSlots& operator=(const XmlReaderSlots& other) {
+        if (this != &other) {
+            clear();
+            if (other.count_ > capacity_) {
+                reserve(other.capacity_);
+            }
+            copySlots(slots_.get(), other);
+            count_ = other.count_;
+        }
+        return *this;
+    }
+    XmlReaderSlots& operator=(XmlReaderSlots&& other) noexcept {
+        count_ = std::exchange(other.count_, 0);
+        capacity_ = std::exchange(other.capacity_, 0);
+        slots_ = std::move(other.slots_);
+        return *this;
+    }
+
+    /** The number of live entries. */
+    std::uint32_t length() const { return count_; }
+
+    /** Forgets the entries and keeps their slots. */
+    void clear() { count_ = 0; }
+
+    /** Adds an entry behind the last one. Throws std::bad_alloc and changes nothing if a needed
+     * growth fails. */
+    void append(const T& entry) {
+        const T copy = entry;  // it may lie in the slots that growth replaces
+        appendSlot() = copy;
+    }
+
+    /** Adds an entry to be filled in place, whose value is unknown. Throws like append(). */
+    T& appendSlot() {
+        if (count_ == capacity_) [[unlikely]] {
+            grow();
+        }
+        return slots_[count_++];
+    }
+
+    /** The slot at `index`, without a check.
+     * @pre `index` is below length(), or below an earlier length of this list. */
+    const T& operator[](std::uint32_t index) const { return slots_[index]; }
+    T& operator[](std::uint32_t index) { return slots_[index]; }
+
+    const_iterator begin() const { return slots_.get(); }
+    const_iterator end() const { return slots_.get() + count_; }
+
+private:
+    struct Free {
+        void operator()(T* slots) const { ::operator delete(slots); }
+    };
+
+    static constexpr std::uint32_t firstCapacity = 16;
+
+    static void copySlots(T* to, const XmlReaderSlots& from) {
+        if (from.count_ != 0) {
+            std::memcpy(static_cast<void*>(to), from.slots_.get(), from.count_ * sizeof(T));
+        }
+    }
+
+    [[gnu::noinline]] void grow() { reserve(capacity_ == 0 ? firstCapacity : capacity_ * 2); }
+
+    // Slots get their first value when they are first used.
+    void reserve(std::uint32_t capacity) {
+        std::unique_ptr<T[], Free> slots(
+            static_cast<T*>(::operator new (std::size_t{capacity} * sizeof(T))));
+        copySlots(slots.get(), *this);
+        slots_ = std::move(slots);
+        capacity_ = capacity;
+    }
+
+    std::uint32_t count_ = 0;
+    std::uint32_t capacity_ = 0;
+    std::unique_ptr<T[], Free> slots_;
+};
+
+}  // namespace nolk
+
+#endif

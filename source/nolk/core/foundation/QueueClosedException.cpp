@@ -1,0 +1,24 @@
+#include <nolk/core/QueueClosedException.h>
+
+#include <nolk/core/LocalizedMessage.h>
+#include <nolk/core/MessageIds.h>
+
+#include <new>
+
+namespace nolk {
+
+QueueClosedException::QueueClosedException(const ExceptionInfo& info) : QueueException(info) {
+    setMessage(message(NOLK_CORE_QUEUE_CLOSED).getMessage().c_str());
+}
+
+QueueClosedException::~QueueClosedException() = default;
+
+void QueueClosedException::raise() const {
+    throw QueueClosedException(*this);
+}
+
+Exception* QueueClosedException::clone() const {
+    return new (std::nothrow) QueueClosedException(*this);
+}
+
+}  // namespace nolk

@@ -1,0 +1,25 @@
+#include <nolk/core/QueueWriteClosedException.h>
+
+#include <nolk/core/LocalizedMessage.h>
+#include <nolk/core/MessageIds.h>
+
+#include <new>
+
+namespace nolk {
+
+QueueWriteClosedException::QueueWriteClosedException(const ExceptionInfo& info)
+    : QueueException(info) {
+    setMessage(message(NOLK_CORE_QUEUE_WRITE_CLOSED).getMessage().c_str());
+}
+
+QueueWriteClosedException::~QueueWriteClosedException() = default;
+
+void QueueWriteClosedException::raise() const {
+    throw QueueWriteClosedException(*this);
+}
+
+Exception* QueueWriteClosedException::clone() const {
+    return new (std::nothrow) QueueWriteClosedException(*this);
+}
+
+}  // namespace nolk

@@ -1,0 +1,7 @@
+#include <nolk/core/XmlContentHandler.h>
+
+namespace nolk {
+
+XmlContentHandler::~XmlContentHandler() = default;
+
+}  // namespace nolk

@@ -1,0 +1,513 @@
+#include <nolk/core/XmlWriter.h>
+
+#include "ShortText.h"
+#include "XmlEscape.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+#include <utility>
+
+namespace nolk {
+
+namespace {
+
+using xml::append;
+
+unsigned int checkedLength(std::size_t length) {
+    if (length > std::numeric_limits<unsigned int>::max()) {
+        throw std::length_error("XmlWriter: more than 4 GB in one piece");
+    }
+    return static_cast<unsigned int>(length);
+}
+
+// Memory to put one piece of output together, on the stack for short ones.
+class Scratch {
+public:
+    explicit Scratch(std::uint64_t size)
+        : heap_(size > sizeof stack_ ? new char[static_cast<std::size_t>(size)] : nullptr) {}
+
+    char* begin() { return heap_ ? heap_.get() : stack_; }
+
+private:
+    char stack_[1024];
+    std::unique_ptr<char[]> heap_;
+};
+
+// "prefix:local", or "local".
+char* appendName(char* out, std::string_view prefix, std::string_view localName) {
+    if (!prefix.empty()) {
+        out = append(append(out, prefix), ':');
+    }
+    return append(out, localName);
+}
+
+constexpr std::string_view xmlns = "xmlns";
+
+bool isPrefixDeclaration(const XmlAttribute& attribute) {
+    return attribute.getName().getNamespace().getPrefix() == xmlns;
+}
+
+bool isDefaultDeclaration(const XmlAttribute& attribute) {
+    return attribute.getName().getNamespace().getURI().empty() &&
+           attribute.getName().getLocalName() == xmlns;
+}
+
+const XmlName& typeAttributeName() {
+    static const XmlName& name = *new XmlName("type", XmlNamespace::getXsi());
+    return name;
+}
+
+// Visits the attributes that are no declarations. A type takes the place of a present xsi:type
+// under the prefix that this one has, or comes last.
+template <class Visitor>
+void forEachPlain(const XmlAttributeSet& attributes, const std::string* type, Visitor visit) {
+    for (auto it = attributes.getIteratorBegin(); it != attributes.getIteratorEnd(); ++it) {
+        if (isPrefixDeclaration(*it) || isDefaultDeclaration(*it)) {
+            continue;
+        }
+        if (type != nullptr && it->getName() == typeAttributeName()) {
+            visit(it->getName(), *std::exchange(type, nullptr));
+        } else {
+            visit(it->getName(), it->getValue());
+        }
+    }
+    if (type != nullptr) {
+        visit(typeAttributeName(), *type);
+    }
+}
+
+unsigned int movedIndent(unsigned int indent, std::int64_t step) {
+    constexpr std::int64_t largest = std::numeric_limits<unsigned int>::max();
+    return static_cast<unsigned int>(std::clamp<std::int64_t>(indent + step, 0, largest));
+}
+
+}  // namespace
+
+XmlWriter::XmlWriter() {
+    namespaces_.pushScope();
+}
+
+XmlWriter& XmlWriter::operator=(const XmlWriter& other) {
+    if (this != &other) {
+        std::list<XmlNamespace> decls(other.namespaceDecls_);
+        namespaces_ = other.namespaces_;
+        namespaceDecls_.swap(decls);
+        currentIndent_ = other.currentIndent_;
+        sizeOfIndent_ = other.sizeOfIndent_;
+        atLineStart_ = other.atLineStart_;
+        ignoreWhitespace_ = other.ignoreWhitespace_;
+        mustEscapeTextDefault_ = other.mustEscapeTextDefault_;
+    }
+    return *this;
+}
+
+XmlWriter::~XmlWriter() = default;
+
+void XmlWriter::writeToSink(const std::string& text) {
+    writeToSink(text.data(), checkedLength(text.size()));
+}
+
+int XmlWriter::setSizeOfIndent(int size) noexcept {
+    return std::exchange(sizeOfIndent_, size);
+}
+
+void XmlWriter::setCurrentIndent(int indent) noexcept {
+    currentIndent_ = movedIndent(0, indent);
+}
+
+void XmlWriter::incrementIndent() noexcept {
+    currentIndent_ = movedIndent(currentIndent_, sizeOfIndent_);
+}
+
+void XmlWriter::decrementIndent() noexcept {
+    currentIndent_ = movedIndent(currentIndent_, -std::int64_t{sizeOfIndent_});
+}
+
+void XmlWriter::writeNewLine() {
+    if (!ignoreWhitespace_) {
+        writeToSink('\n');
+        atLineStart_ = true;
+    }
+}
+
+void XmlWriter::writeIndentChars() {
+    if (ignoreWhitespace_ || !atLineStart_) {
+        return;
+    }
+    constexpr std::string_view spaces = "                                ";
+    for (unsigned int left = currentIndent_; left != 0;) {
+        const unsigned int count = std::min(left, static_cast<unsigned int>(spaces.size()));
+        writeToSink(spaces.data(), count);
+        left -= count;
+    }
+    atLineStart_ = false;
+}
+
+void XmlWriter::write(const char* text, unsigned int length, bool escape) {
+    writeIndentChars();
+    const char* const end = text + length;
+    const char* const special = escape ? xml::findTextSpecial(text, end) : end;
+    if (special == end) {
+        writeToSink(text, length);
+        return;
+    }
+    const auto plain = static_cast<std::size_t>(special - text);
+    Scratch scratch(plain + std::uint64_t{xml::textExpansion} * (length - plain));
+    char* const begin = scratch.begin();
+    char* const last = xml::escapeText(special, end, append(begin, {text, plain}));
+    sendPiece(begin, last);
+}
+
+void XmlWriter::write(const std::string& text, bool escape) {
+    write(text.data(), checkedLength(text.size()), escape);
+}
+
+void XmlWriter::write(const std::string& text) {
+    write(text, mustEscapeTextDefault_);
+}
+
+void XmlWriter::writeAttribute(const std::string& qname, const char* value, unsigned int length,
+                               bool escape) {
+    writeAttributeParts({}, qname, {value, length}, escape);
+}
+
+void XmlWriter::writeAttribute(const std::string& qname, const char* value, unsigned int length) {
+    writeAttributeParts({}, qname, {value, length}, mustEscapeTextDefault_);
+}
+
+void XmlWriter::writeAttribute(const std::string& qname, const std::string& value, bool escape) {
+    writeAttributeParts({}, qname, value, escape);
+}
+
+void XmlWriter::writeAttribute(const std::string& qname, const std::string& value) {
+    writeAttributeParts({}, qname, value, mustEscapeTextDefault_);
+}
+
+void XmlWriter::writeAttribute(const XmlName& name, const char* value, unsigned int length,
+                               bool escape) {
+    writeAttributeParts(name.getNamespace().getPrefix(), name.getLocalName(), {value, length},
+                        escape);
+}
+
+void XmlWriter::writeAttribute(const XmlName& name, const char* value, unsigned int length) {
+    writeAttribute(name, value, length, mustEscapeTextDefault_);
+}
+
+void XmlWriter::writeAttribute(const XmlName& name, const std::string& value, bool escape) {
+    writeAttributeParts(name.getNamespace().getPrefix(), name.getLocalName(), value, escape);
+}
+
+void XmlWriter::writeAttribute(const XmlName& name, const std::string& value) {
+    writeAttribute(name, value, mustEscapeTextDefault_);
+}
+
+// The whole attribute goes out in one piece.
+void XmlWriter::writeAttributeParts(std::string_view prefix, std::string_view localName,
+                                    std::string_view value, bool escape) {
+    writeIndentChars();
+    const char* const end = value.data() + value.size();
+    const char* const special = escape ? xml::findAttributeSpecial(value.data(), end) : end;
+    const auto plain = static_cast<std::size_t>(special - value.data());
+    Scratch scratch(std::uint64_t{prefix.size()} + localName.size() + 5 + plain +
+                    std::uint64_t{xml::attributeExpansion} * (value.size() - plain));
+    char* const begin = scratch.begin();
+    char* out = appendName(append(begin, ' '), prefix, localName);
+    out = append(append(out, "=\""), value.substr(0, plain));
+    out = append(xml::escapeAttribute(special, end, out), '"');
+    sendPiece(begin, out);
+}
+
+// What the stack finds for a URI. Element after element asks for the same few, so that the answer
+// mostly costs one comparison with an earlier one.
+const XmlNamespace* XmlWriter::findBinding(const std::string& uri, bool skipDefault) noexcept {
+    auto& recent = namespaces_.recent_;
+    if (uri.empty()) {
+        if (!skipDefault || !recent.emptyURIUnbound) {
+            const XmlNamespace* found = namespaces_.matchURI(uri, skipDefault);
+            recent.emptyURIUnbound = skipDefault && found == nullptr;
+            return found;
+        }
+        return nullptr;
+    }
+    const XmlNamespace*& slot = recent.byURI[skipDefault][uri.size() % recent.slots];
+    if (slot == nullptr || !xml::equalTexts(slot->getURI(), uri)) {
+        slot = namespaces_.matchURI(uri, skipDefault);
+    }
+    return slot;
+}
+
+// The URI of the default namespace; empty if there is none.
+const std::string& XmlWriter::defaultURI() noexcept {
+    auto& recent = namespaces_.recent_;
+    if (recent.defaultNamespace == nullptr && !recent.defaultUnbound) {
+        recent.defaultNamespace = namespaces_.matchPrefix(XmlAttributeSet::EmptyString);
+        recent.defaultUnbound = recent.defaultNamespace == nullptr;
+    }
+    return recent.defaultUnbound ? XmlAttributeSet::EmptyString : recent.defaultNamespace->getURI();
+}
+
+// The prefix that stands for the URI here, whatever the name's own prefix is.
+std::string_view XmlWriter::elementPrefix(const XmlName& name) noexcept {
+    const std::string& uri = name.getNamespace().getURI();
+    const XmlNamespace* bound = uri.empty() ? nullptr : findBinding(uri, false);
+    return bound != nullptr ? std::string_view(bound->getPrefix()) : std::string_view();
+}
+
+// "ns1", "ns2" and so on: the first that no scope binds, inner or outer.
+XmlNamespace XmlWriter::generatePrefixForNamespace(const XmlNamespace& ns) const {
+    for (unsigned int number = 1;; ++number) {
+        std::string prefix = "ns" + std::to_string(number);
+        if (namespaces_.matchPrefix(prefix) == nullptr) {
+            return XmlNamespace(std::move(prefix), ns.getURI());
+        }
+    }
+}
+
+// A prefix bound in the same element is never bound again: the later namespace gets another.
+void XmlWriter::addNamespaceToScope(const XmlNamespace& ns) {
+    const bool taken = std::any_of(
+        namespaces_.getNamespaceIteratorBegin(), namespaces_.getNamespaceIteratorEnd(),
+        [&ns](const XmlNamespace& bound) { return bound.getPrefix() == ns.getPrefix(); });
+    namespaces_.addNamespace(taken ? generatePrefixForNamespace(ns) : ns);
+}
+
+// Gives the binding of the URI where it had one already and it is known without another search.
+const XmlNamespace* XmlWriter::addNamespaceToScopeIfNecessary(const XmlNamespace& ns,
+                                                              bool skipDefault) {
+    const std::string& uri = ns.getURI();
+    if (uri.empty()) {
+        return nullptr;
+    }
+    if (!ns.getPrefix().empty()) {
+        const XmlNamespace* bound = findBinding(uri, skipDefault);
+        if (bound == nullptr) {
+            addNamespaceToScope(ns);
+        }
+        return bound;
+    }
+    if (defaultURI() != uri) {
+        addNamespaceToScope(ns);
+    }
+    // An attribute can't use the default namespace: where its URI has no other binding, it gets
+    // one under a prefix of its own.
+    if (skipDefault && findBinding(uri, true) == nullptr) {
+        namespaces_.addNamespace(generatePrefixForNamespace(ns));
+    }
+    return nullptr;
+}
+
+void XmlWriter::processNamespaceDecls(const XmlAttributeSet& attributes) {
+    for (auto it = attributes.getIteratorBegin(); it != attributes.getIteratorEnd(); ++it) {
+        if (isPrefixDeclaration(*it)) {
+            addNamespaceToScope(XmlNamespace(it->getName().getLocalName(), it->getValue()));
+        } else if (isDefaultDeclaration(*it)) {
+            addNamespaceToScope(XmlNamespace(std::string(), it->getValue()));
+        }
+    }
+}
+
+const XmlAttributeSet& XmlWriter::noAttributes() noexcept {
+    static const XmlAttributeSet& none = *new XmlAttributeSet();
+    return none;
+}
+
+const XmlName& XmlWriter::noType() noexcept {
+    static const XmlName& none = *new XmlName();
+    return none;
+}
+
+// Sees to it that the type's namespace is bound, and gives the value of xsi:type.
+std::string XmlWriter::declareType(const XmlName& typeName) {
+    const std::string& uri = typeName.getNamespace().getURI();
+    XmlName type(typeName);
+    if (uri.empty()) {
+        type.unsetNamespace();
+    }
+    if (findBinding(uri, false) == nullptr) {
+        XmlNamespace ns(type.getNamespace());
+        if (ns.getPrefix().empty()) {
+            ns = generatePrefixForNamespace(ns);
+        }
+        addNamespaceToScopeIfNecessary(ns, false);
+    }
+    if (const XmlNamespace* bound = findBinding(uri, false)) {
+        type.getNamespace().setPrefix(bound->getPrefix());
+    }
+    return type.getQualifiedName();
+}
+
+void XmlWriter::writeElementStart(const XmlName& name, const XmlAttributeSet& attributes,
+                                  bool isEmpty, const XmlName& typeName) {
+    namespaces_.pushScope();
+    processNamespaceDecls(attributes);
+    if (namespaces_.depth() == 2) {
+        for (const XmlNamespace& ns : namespaceDecls_) {
+            addNamespaceToScopeIfNecessary(ns, false);
+        }
+    }
+    const XmlNamespace* bound = addNamespaceToScopeIfNecessary(name.getNamespace(), false);
+    if (typeName.getLocalName().empty()) {
+        writeTag(name, bound, attributes, isEmpty, nullptr);
+    } else {
+        const std::string type = declareType(typeName);
+        writeTag(name, nullptr, attributes, isEmpty, &type);
+    }
+    if (isEmpty) {
+        namespaces_.popScope();
+    }
+}
+
+// `bound` is the binding of the element's URI if that is known; the attributes may change it.
+void XmlWriter::writeTag(const XmlName& name, const XmlNamespace* bound,
+                         const XmlAttributeSet& attributes, bool isEmpty, const std::string* type) {
+    bool bare = true;
+    forEachPlain(attributes, type, [this, &bare](const XmlName& attribute, const std::string&) {
+        addNamespaceToScopeIfNecessary(attribute.getNamespace(), true);
+        bare = false;
+    });
+    const std::string_view ending = std::string_view("/>").substr(isEmpty ? 0 : 1);
+    if (bare) {
+        writeOpening(bound != nullptr ? bound->getPrefix() : elementPrefix(name), name, ending);
+        return;
+    }
+    writeOpening(elementPrefix(name), name, {});
+    forEachPlain(attributes, type, [this](const XmlName& attribute, const std::string& value) {
+        const XmlNamespace* bound = findBinding(attribute.getNamespace().getURI(), true);
+        writeAttributeParts(
+            bound != nullptr ? std::string_view(bound->getPrefix()) : std::string_view(),
+            attribute.getLocalName(), value, mustEscapeTextDefault_);
+    });
+    writeToSink(ending.data(), static_cast<unsigned int>(ending.size()));
+}
+
+void XmlWriter::sendPiece(const char* begin, const char* end) {
+    writeToSink(begin, checkedLength(static_cast<std::size_t>(end - begin)));
+}
+
+// "<", the name and the declarations of the innermost scope; `ending` in the same piece.
+void XmlWriter::writeOpening(std::string_view prefix, const XmlName& name,
+                             std::string_view ending) {
+    std::uint64_t size = 2 + prefix.size() + name.getLocalName().size() + ending.size();
+    const XmlNamespaceStack::Scope& declarations = *namespaces_.innermost_;
+    for (const XmlNamespace& ns : declarations) {
+        size += sizeof " xmlns:=\"\"" + ns.getPrefix().size() + ns.getURI().size();
+    }
+    Scratch scratch(size);
+    char* const begin = scratch.begin();
+    char* out = appendName(append(begin, '<'), prefix, name.getLocalName());
+    for (const XmlNamespace& ns : declarations) {
+        out = append(out, " xmlns");
+        if (!ns.getPrefix().empty()) {
+            out = append(append(out, ':'), ns.getPrefix());
+        }
+        out = append(append(append(out, "=\""), ns.getURI()), '"');
+    }
+    out = append(out, ending);
+    writeIndentChars();
+    sendPiece(begin, out);
+}
+
+void XmlWriter::writeElementEnd(const XmlName& name) {
+    const std::string_view prefix = elementPrefix(name);
+    Scratch scratch(4 + std::uint64_t{prefix.size()} + name.getLocalName().size());
+    char* const begin = scratch.begin();
+    char* const end = append(appendName(append(begin, "</"), prefix, name.getLocalName()), '>');
+    writeIndentChars();
+    sendPiece(begin, end);
+    namespaces_.popScope();
+}
+
+void XmlWriter::writeSimple(const XmlName& name, std::string_view value, bool escape,
+                            const XmlAttributeSet& attributes, const XmlName& type) {
+    writeElementStart(name, attributes, value.empty(), type);
+    if (!value.empty()) {
+        write(value.data(), checkedLength(value.size()), escape);
+        writeElementEnd(name);
+    }
+    writeNewLine();
+}
+
+// A type given as text is no name: it goes out as it is, and binds nothing.
+void XmlWriter::writeSimple(const XmlName& name, std::string_view value, bool escape,
+                            const XmlAttributeSet& attributes, const std::string& type,
+                            bool useType) {
+    if (!useType) {
+        writeSimple(name, value, escape, attributes, noType());
+        return;
+    }
+    XmlAttributeSet typed(attributes);
+    typed.add(typeAttributeName(), type);
+    writeSimple(name, value, escape, typed, noType());
+}
+
+void XmlWriter::writeSimpleElement(const XmlName& name, const char* value, unsigned int length,
+                                   const XmlName& type, bool escape, bool useType,
+                                   const XmlAttributeSet& attributes) {
+    writeSimple(name, {value, length}, escape, attributes, useType ? type : noType());
+}
+
+void XmlWriter::writeSimpleElement(const XmlName& name, const char* value, unsigned int length,
+                                   const std::string& type, bool escape, bool useType,
+                                   const XmlAttributeSet& attributes) {
+    writeSimple(name, {value, length}, escape, attributes, type, useType);
+}
+
+void XmlWriter::writeSimpleElement(const std::string& name, const char* value, unsigned int length,
+                                   const std::string& type, bool escape, bool useType,
+                                   const XmlAttributeSet& attributes) {
+    writeSimple(XmlName(name), {value, length}, escape, attributes, type, useType);
+}
+
+void XmlWriter::writeSimpleElement(const XmlName& name, const std::string& value,
+                                   const XmlName& type, bool useType,
+                                   const XmlAttributeSet& attributes) {
+    writeSimple(name, value, mustEscapeTextDefault_, attributes, useType ? type : noType());
+}
+
+void XmlWriter::writeSimpleElement(const XmlName& name, const std::string& value,
+                                   const std::string& type, bool escape, bool useType,
+                                   const XmlAttributeSet& attributes) {
+    writeSimple(name, value, escape, attributes, type, useType);
+}
+
+void XmlWriter::writeSimpleElement(const std::string& name, const std::string& value,
+                                   const std::string& type, bool escape, bool useType,
+                                   const XmlAttributeSet& attributes) {
+    writeSimple(XmlName(name), value, escape, attributes, type, useType);
+}
+
+void XmlWriter::writeSimpleElement(const XmlName& name, const char* value, unsigned int length,
+                                   const XmlName& type, bool useType,
+                                   const XmlAttributeSet& attributes) {
+    writeSimpleElement(name, value, length, type, mustEscapeTextDefault_, useType, attributes);
+}
+
+void XmlWriter::writeSimpleElement(const XmlName& name, const char* value, unsigned int length,
+                                   const std::string& type, bool useType,
+                                   const XmlAttributeSet& attributes) {
+    writeSimpleElement(name, value, length, type, mustEscapeTextDefault_, useType, attributes);
+}
+
+void XmlWriter::writeSimpleElement(const std::string& name, const char* value, unsigned int length,
+                                   const std::string& type, bool useType,
+                                   const XmlAttributeSet& attributes) {
+    writeSimpleElement(name, value, length, type, mustEscapeTextDefault_, useType, attributes);
+}
+
+void XmlWriter::writeSimpleElement(const XmlName& name, const std::string& value,
+                                   const std::string& type, bool useType,
+                                   const XmlAttributeSet& attributes) {
+    writeSimpleElement(name, value, type, mustEscapeTextDefault_, useType, attributes);
+}
+
+void XmlWriter::writeSimpleElement(const std::string& name, const std::string& value,
+                                   const std::string& type, bool useType,
+                                   const XmlAttributeSet& attributes) {
+    writeSimpleElement(name, value, type, mustEscapeTextDefault_, useType, attributes);
+}
+
+}  // namespace nolk

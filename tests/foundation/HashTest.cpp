@@ -1,0 +1,76 @@
+#include <nolk/core/Hash.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace nolk {
+namespace {
+
+struct Row {
+    std::string text;
+    unsigned hash;
+};
+
+// Each worked out by hand: start with the length, rotate by 5 and mix in a word of four bytes, the
+// last of them uppermost, then the rest, whose first byte is uppermost.
+TEST(NolkStringHash, HasTheValuesOfItsDefinition) {
+    const Row rows[] = {
+        {"", 0},
+        {"a", 0x00000041u},              // 1 -> 0x20, 0x20 ^ 0x61
+        {"ab", 0x00006122u},             // 2 -> 0x40, 0x40 ^ 0x6162
+        {"abc", 0x00616203u},            // 3 -> 0x60, 0x60 ^ 0x616263
+        {"abcd", 0x646362E1u},           // 4 -> 0x80, 0x80 ^ 0x64636261
+        {"abcde", 0x8C6C5849u},          // 5 -> 0x646362C1 -> 0x8C6C582C, ^ 0x65
+        {std::string(4, '\0'), 0x80u},   // 4 -> 0x80
+        {std::string(8, '\0'), 0x2000u}  // 8 -> 0x100 -> 0x2000
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(nolkStringHash(row.text), row.hash) << row.text;
+    }
+}
+
+TEST(NolkStringHash, WidensTheLastBytesWithTheirSign) {
+    EXPECT_EQ(nolkStringHash("\xFF"), 0xFFFFFFDFu);  // 0x20 ^ 0xFFFFFFFF
+    EXPECT_EQ(nolkStringHash("\x80"), 0xFFFFFFA0u);  // 0x20 ^ 0xFFFFFF80
+    EXPECT_EQ(nolkStringHash("\xFF"
+                             "ab"),
+              0xFFFF6102u);                           // 0x60 ^ 0xFFFF6162
+    EXPECT_EQ(nolkStringHash("a\xFF"), 0xFFFFFFBFu);  // 0x40 ^ (0x6100 | 0xFFFFFFFF)
+}
+
+TEST(NolkStringHash, TakesWholeWordsUnsigned) {
+    EXPECT_EQ(nolkStringHash("\xFF\xFE\xFD\xFC"), 0xFCFDFE7Fu);  // 0x80 ^ 0xFCFDFEFF
+}
+
+TEST(NolkStringHash, RotatesTheUpperBitsAround) {
+    // 5 -> 0xA0 ^ 0xF8000000 = 0xF80000A0 -> 0x0000141F, ^ 1
+    EXPECT_EQ(nolkStringHash(std::string("\0\0\0\xF8\x01", 5)), 0x0000141Eu);
+}
+
+TEST(NolkStringHash, CountsZeroBytes) {
+    EXPECT_NE(nolkStringHash(std::string(1, '\0')), nolkStringHash(""));
+    EXPECT_EQ(nolkStringHash(std::string(1, '\0')), 0x20u);
+}
+
+TEST(NolkCaseInsensitiveStringHash, IsTheHashOfTheLoweredText) {
+    EXPECT_EQ(nolkCaseInsensitiveStringHash("AbC"), 0x00616203u);
+    EXPECT_EQ(nolkCaseInsensitiveStringHash("abc"), 0x00616203u);
+    EXPECT_EQ(nolkCaseInsensitiveStringHash(""), 0u);
+    EXPECT_EQ(nolkCaseInsensitiveStringHash("CONTENT-Type"), nolkStringHash("content-type"));
+}
+
+TEST(NolkCaseInsensitiveStringHash, LeavesItsArgumentAlone) {
+    const std::string text = "AbC";
+    nolkCaseInsensitiveStringHash(text);
+    EXPECT_EQ(text, "AbC");
+}
+
+TEST(NolkIntHash, IsTheValueItself) {
+    EXPECT_EQ(nolkIntHash(0), 0u);
+    EXPECT_EQ(nolkIntHash(17), 17u);
+    EXPECT_EQ(nolkIntHash(-1), 0xFFFFFFFFu);
+}
+
+}  // namespace
+}  // namespace nolk
