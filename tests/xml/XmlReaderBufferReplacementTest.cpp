@@ -66,9 +66,8 @@ TEST(XmlReaderBufferReplacement, DeclarationInTextKeepsTheTextInFront) {
     };
     for (const Row& row :
          {Row{"t", "t"}, Row{"&lt;", "<"}, Row{"x\r\ny", "x\ny"}, Row{"t<!--c-->u", "tu"},
-          Row{"t<?p?>u", "tu"}, Row{"&#65;&foo;", "A&foo;"},
-          Row{"<![CDATA[x]]>", "<![CDATA[x]]>"}, Row{"<![CDATA[x]]><!--c-->",
-                                                     "<![CDATA[x]]><!--c-->"}}) {
+          Row{"t<?p?>u", "tu"}, Row{"&#65;&foo;", "A&foo;"}, Row{"<![CDATA[x]]>", "<![CDATA[x]]>"},
+          Row{"<![CDATA[x]]><!--c-->", "<![CDATA[x]]><!--c-->"}}) {
         EXPECT_EQ((Nodes{"<a>", quoted(row.read + once + "u"), "</a>"}),
                   nodesOf(std::string("<a>") + row.before + latin1 + "\xE4u</a>"))
             << row.before;
@@ -298,8 +297,7 @@ TEST(XmlReaderBufferReplacement, NamespacesFromOutsideStayWhereTheyAre) {
     const std::string uri = "w";
     XmlReader reader("<a>" + latin1 + "\xE4<q:b/><s:c/></a>");
     reader.addNamespace(XmlNamespace("q", "v"));
-    reader.addNamespace(
-        XmlReaderNamespace{XmlReaderString::of(prefix), XmlReaderString::of(uri)});
+    reader.addNamespace(XmlReaderNamespace{XmlReaderString::of(prefix), XmlReaderString::of(uri)});
     EXPECT_EQ((Nodes{"<a>", quoted(once), "<{v}b/>", "<{w}c/>", "</a>"}), nodes(reader));
 }
 
@@ -393,7 +391,8 @@ TEST(XmlReaderBufferReplacement, EndWithANameOfTheReader) {
     EXPECT_EQ("</{u}a>", node(same));
     XmlReader other("<p:a xmlns:p=\"u\">" + latin1 + otherLatin1 + "\xE4</b>");
     other.readElementStart();
-    EXPECT_EQ(unexpected("u::a", "b"), failure([&] { other.readElementEndI(other.getLastNameI()); }));
+    EXPECT_EQ(unexpected("u::a", "b"),
+              failure([&] { other.readElementEndI(other.getLastNameI()); }));
 }
 
 TEST(XmlReaderBufferReplacement, ElementWithANameOfTheReader) {
@@ -451,8 +450,8 @@ TEST(XmlReaderBufferReplacement, ReadElementAcrossADeclarationInside) {
 }
 
 TEST(XmlReaderBufferReplacement, ReadElementAcrossSeveralDeclarationsInside) {
-    XmlReader reader = inside("<r><a b='1'><c/>" + latin1 + "<d/>" + otherLatin1 + "<e/>" +
-                              latin1 + "\xE4</a></r>");
+    XmlReader reader = inside("<r><a b='1'><c/>" + latin1 + "<d/>" + otherLatin1 + "<e/>" + latin1 +
+                              "\xE4</a></r>");
     EXPECT_EQ("<a b='1'><c/>" + latin1 + "<d/>" + otherLatin1 + "<e/>" + latin1 + thrice + "</a>",
               reader.readElement("a"));
     EXPECT_EQ(" b=1", text(reader.getLastAttributesI()));
@@ -520,7 +519,8 @@ TEST(XmlReaderBufferReplacement, WellFormedElementHoistsAcrossSeveralDeclaration
 }
 
 TEST(XmlReaderBufferReplacement, WellFormedElementOfAPendingTag) {
-    XmlReader reader = inside("<r xmlns:p='u'>" + latin1 + "<p:a>" + otherLatin1 + "\xE4</p:a></r>");
+    XmlReader reader =
+        inside("<r xmlns:p='u'>" + latin1 + "<p:a>" + otherLatin1 + "\xE4</p:a></r>");
     EXPECT_TRUE(reader.isElementNext("p:a"));
     EXPECT_EQ("<p:a xmlns:p=\"u\">" + otherLatin1 + twice + "</p:a>",
               reader.readWellFormedElement(XmlName("a", XmlNamespace("", "u"))));
@@ -582,8 +582,7 @@ TEST(XmlReaderBufferReplacement, ParentsBufferReplacedWhileAChildLives) {
 }
 
 TEST(XmlReaderBufferReplacement, ParentsBufferReplacedTwiceWhileAChildIsInUse) {
-    XmlReader reader =
-        inside("<r><a b='1'>x</a>" + latin1 + "<s/>" + otherLatin1 + "\xE4</r>");
+    XmlReader reader = inside("<r><a b='1'>x</a>" + latin1 + "<s/>" + otherLatin1 + "\xE4</r>");
     XmlReader child = reader.getElementReader(any);
     EXPECT_EQ("<a b=1>", next(child));
     const XmlReaderName name = child.getLastNameI();
@@ -721,8 +720,7 @@ TEST(XmlReaderBufferReplacement, GrowthByAlternatingDeclarationsIsBounded) {
     const auto start = std::chrono::steady_clock::now();
     for (const char* between : {"", "t", "<b/>", "<!--c-->", "<?p?>"}) {
         for (int count : {60, 200}) {
-            EXPECT_EQ("failed",
-                      ending("<a>" + alternating(count, between) + "\xE4</a>", readAll));
+            EXPECT_EQ("failed", ending("<a>" + alternating(count, between) + "\xE4</a>", readAll));
         }
     }
     EXPECT_EQ("failed", ending(alternating(60, "") + "<a>\xE4</a>", readAll));
@@ -758,8 +756,9 @@ TEST(XmlReaderBufferReplacement, GrowthIsBoundedInsideReadElementAndTheOthers) {
 // ---- Cut short ----
 
 TEST(XmlReaderBufferReplacement, DocumentCutAtEachByteEndsProperly) {
-    const std::string document = "<r xmlns:p='u'>t&lt;" + latin1 + "\xE4<p:a b='\xE4'>" +
-                                 otherLatin1 + "<c/>\xE4</p:a>" + declaring("UTF-8") + "\xE4</r>";
+    const std::string document = "<r xmlns:p='u'>t&lt;" + latin1 + "<d/>" + otherLatin1 +
+                                 "\xE4<p:a b='\xE4'>" + otherLatin1 + "<c/>\xE4</p:a>" +
+                                 declaring("UTF-8") + "\xE4</r>";
     const auto run = [](const std::string& text, auto action) {
         const std::string end = ending(text, action);
         EXPECT_TRUE(end == "well" || end == "failed") << end << " at " << text.size();

@@ -108,10 +108,9 @@ TEST(XmlReaderElement, IsElementNextResolvesAnUnboundPrefixInTheScopeOfTheTag) {
 }
 
 TEST(XmlReaderElement, IsElementNextResolvesABoundPrefixAtTheCall) {
-    EXPECT_FALSE(
-        inside("<r xmlns:p=\"u\"><p:a xmlns:p=\"v\"></p:a></r>").isElementNext("p:a"));
-    EXPECT_TRUE(inside("<r xmlns:p=\"u\"><p:a xmlns:p=\"v\"></p:a></r>")
-                    .isElementNext(name("a", "", "p")));
+    EXPECT_FALSE(inside("<r xmlns:p=\"u\"><p:a xmlns:p=\"v\"></p:a></r>").isElementNext("p:a"));
+    EXPECT_TRUE(
+        inside("<r xmlns:p=\"u\"><p:a xmlns:p=\"v\"></p:a></r>").isElementNext(name("a", "", "p")));
 }
 
 TEST(XmlReaderElement, UnqualifiedNameMatchesTheDefaultNamespaceThatTheElementDeclares) {
@@ -443,9 +442,8 @@ TEST(XmlReaderElement, StartAppliesTheDefaultNamespaceAtTheCallToAText) {
 TEST(XmlReaderElement, StartResolvesATextBeforeTheTagIsRead) {
     EXPECT_EQ(unexpected("a", "u::a"),
               failure([] { XmlReader(std::string("<a xmlns=\"u\"/>")).readElementStart("a"); }));
-    EXPECT_EQ(unexpected("a", "u::a"), failure([] {
-                  inside("<r><p:a xmlns:p=\"u\"></p:a></r>").readElementStart("p:a");
-              }));
+    EXPECT_EQ(unexpected("a", "u::a"),
+              failure([] { inside("<r><p:a xmlns:p=\"u\"></p:a></r>").readElementStart("p:a"); }));
     XmlReader pending = inside("<r><p:a xmlns:p=\"u\"></p:a></r>");
     EXPECT_TRUE(pending.isElementNext("p:a"));
     pending.readElementStart("p:a");
@@ -560,8 +558,7 @@ TEST(XmlReaderElement, EndOfAnotherNameFailsWithBothUniqueNames) {
     const std::string document = "<p:a xmlns:p=\"u\"></p:a>";
     EXPECT_EQ(unexpected("a", "u::a"),
               failure([&] { inside(document).readElementEnd(name("a")); }));
-    EXPECT_EQ(unexpected("u::b", "u::a"),
-              failure([&] { inside(document).readElementEnd("p:b"); }));
+    EXPECT_EQ(unexpected("u::b", "u::a"), failure([&] { inside(document).readElementEnd("p:b"); }));
     EXPECT_EQ(unexpected("v::a", "u::a"),
               failure([&] { inside(document).readElementEndI(readerName("a", "v")); }));
 }

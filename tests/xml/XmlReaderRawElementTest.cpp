@@ -147,8 +147,7 @@ TEST(XmlReaderReadElement, OtherTagsNeedNotMatch) {
 }
 
 TEST(XmlReaderReadElement, EndTagOfTheNameInAnotherNamespaceDoesNotCount) {
-    EXPECT_EQ("<a></p:a></a>",
-              inside("<r xmlns:p=\"u\"><a></p:a></a></r>").readElement(any));
+    EXPECT_EQ("<a></p:a></a>", inside("<r xmlns:p=\"u\"><a></p:a></a></r>").readElement(any));
 }
 
 TEST(XmlReaderReadElement, MissingEndTagIsPrematureEof) {
@@ -400,7 +399,8 @@ TEST(XmlReaderElementReader, PendingElementOfTheParentIsNotPendingInTheChild) {
     XmlReader reader = inside("<r xmlns:p=\"u\"><p:a>x</p:a><b/></r>");
     EXPECT_TRUE(reader.isElementNext("p:a"));
     XmlReader child = reader.getElementReader("p:a");
-    EXPECT_EQ((Nodes{"<{u}a>", "\"x\"", "</{u}a>"}), (Nodes{next(child), next(child), next(child)}));
+    EXPECT_EQ((Nodes{"<{u}a>", "\"x\"", "</{u}a>"}),
+              (Nodes{next(child), next(child), next(child)}));
     EXPECT_EQ("<b/>", next(reader));
 }
 
@@ -710,8 +710,7 @@ TEST(XmlReaderWellFormedElement, LeavesTheEndTagWithTheRawTextAsContent) {
 
 TEST(XmlReaderWellFormedElement, NestedElementsOfTheSameNameAreCountedByUri) {
     EXPECT_EQ("<a><a>x</a></a>", wellFormedIn("<r><a><a>x</a></a><a/></r>"));
-    EXPECT_EQ("<a xmlns:p=\"u\"><p:a/></a>",
-              wellFormedIn("<r xmlns:p=\"u\"><a><p:a/></a></r>"));
+    EXPECT_EQ("<a xmlns:p=\"u\"><p:a/></a>", wellFormedIn("<r xmlns:p=\"u\"><a><p:a/></a></r>"));
 }
 
 // Deliberate: unlike in readElement.

@@ -44,9 +44,7 @@ public:
     virtual ~XmlWriter();
 
     /** @name The sink
-     * Text arrives in pieces: one for each text, attribute and opening of a tag.
-     * @{
-     */
+     * Text arrives in pieces, which may be empty: one for each text, attribute and tag. @{ */
     virtual void writeToSink(char c) = 0;
     virtual void writeToSink(const char* data, unsigned int length) = 0;
 
@@ -60,17 +58,14 @@ public:
 
     /** @name Layout
      * Nothing is indented unless white space is not ignored; then each text, attribute or tag
-     * that comes first on its line does it. Only these operations change the indent.
-     * @{
-     */
+     * that comes first on its line does it. Only these operations change the indent. @{ */
 
     /** Sets the spaces of one level and gives the previous value. */
     int setSizeOfIndent(int size) noexcept;
     /** Sets the spaces at the start of a line; a negative number counts as 0. */
     void setCurrentIndent(int indent) noexcept;
     void incrementIndent() noexcept;
-    /** Stops at 0. */
-    void decrementIndent() noexcept;
+    void decrementIndent() noexcept;  ///< Stops at 0.
 
     /** While true (the default) neither indents nor new lines are written. */
     bool getIgnoreWhitespace() const noexcept { return ignoreWhitespace_; }
@@ -78,7 +73,7 @@ public:
 
     /** Writes a line feed. */
     void writeNewLine();
-    /** Writes the indent if nothing was written yet behind the last writeNewLine(). */
+    /** Writes the indent if nothing was written behind the last writeNewLine(). */
     void writeIndentChars();
     /** @} */
 
@@ -117,7 +112,7 @@ public:
     void writeAttribute(const XmlName& name, const std::string& value, bool escape);
     void writeAttribute(const XmlName& name, const std::string& value);
 
-    /** Lets a literal stand before a flag, which else could be taken for a length. */
+    /** Keeps a flag behind a literal from being taken for a length. */
     template <typename Name, std::same_as<bool> Flag>
     void writeAttribute(const Name& name, const char* value, Flag escape) {
         writeAttribute(name, std::string(value), escape);
@@ -128,7 +123,7 @@ public:
      * that it needs: those among `attributes`, then those of the element, the type and the
      * attributes. A `typeName` with a local name becomes the attribute xsi:type.
      */
-    void writeElementStart(const XmlName& name, const XmlAttributeSet& attributes = noAttributes(),
+    void writeElementStart(const XmlName& name, const XmlAttributeSet& attributes = none(),
                            bool isEmpty = false, const XmlName& typeName = noType());
     /** Writes an end tag; `name` must have the URI given at the start. */
     void writeElementEnd(const XmlName& name);
@@ -138,44 +133,41 @@ public:
      * behind it. A name given as text is in no namespace. The type is written only with
      * `useType`: a name as writeElementStart() does, a text verbatim as the value of xsi:type.
      * Where a literal 0 is the length and a literal the type, the call is ambiguous: give the
-     * length a variable.
-     * @{
-     */
+     * length a variable. @{ */
     void writeSimpleElement(const XmlName& name, const char* value, unsigned int length,
                             const XmlName& type, bool escape, bool useType,
-                            const XmlAttributeSet& attributes = noAttributes());
+                            const XmlAttributeSet& attributes = none());
     void writeSimpleElement(const XmlName& name, const char* value, unsigned int length,
                             const std::string& type, bool escape, bool useType,
-                            const XmlAttributeSet& attributes = noAttributes());
+                            const XmlAttributeSet& attributes = none());
     void writeSimpleElement(const std::string& name, const char* value, unsigned int length,
                             const std::string& type, bool escape, bool useType,
-                            const XmlAttributeSet& attributes = noAttributes());
+                            const XmlAttributeSet& attributes = none());
     void writeSimpleElement(const XmlName& name, const std::string& value, const XmlName& type,
-                            bool useType, const XmlAttributeSet& attributes = noAttributes());
+                            bool useType, const XmlAttributeSet& attributes = none());
     void writeSimpleElement(const XmlName& name, const std::string& value, const std::string& type,
-                            bool escape, bool useType,
-                            const XmlAttributeSet& attributes = noAttributes());
+                            bool escape, bool useType, const XmlAttributeSet& attributes = none());
     void writeSimpleElement(const std::string& name, const std::string& value,
                             const std::string& type, bool escape, bool useType,
-                            const XmlAttributeSet& attributes = noAttributes());
+                            const XmlAttributeSet& attributes = none());
     void writeSimpleElement(const XmlName& name, const char* value, unsigned int length,
                             const XmlName& type, bool useType,
-                            const XmlAttributeSet& attributes = noAttributes());
+                            const XmlAttributeSet& attributes = none());
     void writeSimpleElement(const XmlName& name, const char* value, unsigned int length,
                             const std::string& type, bool useType,
-                            const XmlAttributeSet& attributes = noAttributes());
+                            const XmlAttributeSet& attributes = none());
     void writeSimpleElement(const std::string& name, const char* value, unsigned int length,
                             const std::string& type, bool useType,
-                            const XmlAttributeSet& attributes = noAttributes());
+                            const XmlAttributeSet& attributes = none());
     void writeSimpleElement(const XmlName& name, const std::string& value, const std::string& type,
-                            bool useType, const XmlAttributeSet& attributes = noAttributes());
+                            bool useType, const XmlAttributeSet& attributes = none());
     void writeSimpleElement(const std::string& name, const std::string& value,
                             const std::string& type, bool useType,
-                            const XmlAttributeSet& attributes = noAttributes());
+                            const XmlAttributeSet& attributes = none());
     /** @} */
 
 private:
-    static const XmlAttributeSet& noAttributes() noexcept;
+    static const XmlAttributeSet& none() noexcept;
     static const XmlName& noType() noexcept;
     XmlNamespace generatePrefixForNamespace(const XmlNamespace& ns) const;
     void addNamespaceToScope(const XmlNamespace& ns);

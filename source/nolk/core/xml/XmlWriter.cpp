@@ -310,14 +310,14 @@ void XmlWriter::processNamespaceDecls(const XmlAttributeSet& attributes) {
     }
 }
 
-const XmlAttributeSet& XmlWriter::noAttributes() noexcept {
-    static const XmlAttributeSet& none = *new XmlAttributeSet();
-    return none;
+const XmlAttributeSet& XmlWriter::none() noexcept {
+    static const XmlAttributeSet& set = *new XmlAttributeSet();
+    return set;
 }
 
 const XmlName& XmlWriter::noType() noexcept {
-    static const XmlName& none = *new XmlName();
-    return none;
+    static const XmlName& name = *new XmlName();
+    return name;
 }
 
 // Sees to it that the type's namespace is bound, and gives the value of xsi:type.
