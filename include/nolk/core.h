@@ -65,6 +65,7 @@
 #include <nolk/core/XmlReaderNamespaceStack.h>
 #include <nolk/core/XmlReaderSlots.h>
 #include <nolk/core/XmlReaderString.h>
+#include <nolk/core/XmlReaderText.h>
 #include <nolk/core/XmlSAXParser.h>
 #include <nolk/core/XmlSchemaException.h>
 #include <nolk/core/XmlStringWriter.h>

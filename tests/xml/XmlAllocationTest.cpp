@@ -63,6 +63,25 @@ TEST(XmlAllocation, AttributeSetAddIsAllOrNothing) {
     EXPECT_EQ(set.entries(), 3u);
 }
 
+TEST(XmlAllocation, AddToALargeAttributeSetIsAllOrNothing) {
+    for (const std::size_t entries : {63u, 64u, 65u, 200u}) {
+        XmlAttributeSet set;
+        for (std::size_t i = 0; i < entries; ++i) {
+            set.add(XmlName(longText('n') + std::to_string(i)), longText('v'));
+        }
+        const std::string before = dump(set);
+        const unsigned long tries =
+            failEachAllocation([&] { set.add(longName('x'), longText('v')); },
+                               [&] {
+                                   EXPECT_EQ(dump(set), before);
+                                   EXPECT_FALSE(set.contains(longName('x')));
+                               });
+        EXPECT_GT(tries, 1u);
+        EXPECT_EQ(set.entries(), entries + 1);
+        EXPECT_TRUE(set.contains(longName('x')));
+    }
+}
+
 TEST(XmlAllocation, AttributeSetReplacementIsAllOrNothing) {
     XmlAttributeSet set = sample('a');
     const std::string before = dump(set);

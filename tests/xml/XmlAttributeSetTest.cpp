@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <iterator>
+#include <random>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -456,6 +458,143 @@ TEST(XmlAttributeSet, AssignOfVeryManyReaderAttributesDoesTheSame) {
         EXPECT_EQ(std::prev(set.getIteratorEnd())->getValue(), "other");
         EXPECT_EQ(std::prev(set.getIteratorEnd(), 2)->getName().getLocalName(), names.back());
     }
+}
+
+// ---- sets of any size ----
+
+XmlName numbered(std::size_t number, const char* prefix = "p") {
+    return XmlName("n" + std::to_string(number / 2),
+                   number % 2 == 0 ? XmlNamespace() : XmlNamespace(prefix, "u"));
+}
+
+TEST(XmlAttributeSet, AddOfVeryManyKeepsEachNameOnce) {
+    constexpr std::size_t count = 50000;
+    XmlAttributeSet set;
+    for (const char* value : {"first", "second"}) {
+        for (std::size_t i = 0; i < count; ++i) {
+            set.add(numbered(i), value);
+        }
+    }
+    ASSERT_EQ(set.entries(), count);
+    XmlAttributeSet reversed;
+    for (std::size_t i = count; i-- > 0;) {
+        reversed.add(numbered(i, "q"), "second");
+    }
+    EXPECT_TRUE(set.equalTo(reversed, XmlAttributeSet::NamesAndValues));
+    EXPECT_TRUE(XmlAttributeSet(set).equalTo(XmlAttributeSet(reversed), XmlAttributeSet::NamesOnly))
+        << "copies are as quick";
+    reversed.add(numbered(count / 2), "third");
+    EXPECT_FALSE(set.equalTo(reversed, XmlAttributeSet::NamesAndValues));
+}
+
+// The same operations on a plain vector.
+class SetModel {
+public:
+    void add(const XmlName& name, const std::string& value) {
+        const auto present = find(name);
+        if (present != entries_.end()) {
+            present->second = value;
+        } else {
+            entries_.emplace_back(name, value);
+        }
+    }
+    void remove(const XmlName& name) {
+        const auto present = find(name);
+        if (present != entries_.end()) {
+            entries_.erase(present);
+        }
+    }
+    bool contains(const XmlName& name) { return find(name) != entries_.end(); }
+    void clear() { entries_.clear(); }
+
+    std::string dump() const {
+        std::string text;
+        for (const auto& [name, value] : entries_) {
+            text += text.empty() ? "" : " ";
+            text += name.getQualifiedName() + "=" + value;
+        }
+        return text;
+    }
+
+private:
+    using Entries = std::vector<std::pair<XmlName, std::string>>;
+
+    Entries::iterator find(const XmlName& name) {
+        return std::find_if(entries_.begin(), entries_.end(),
+                            [&name](const auto& entry) { return entry.first == name; });
+    }
+
+    Entries entries_;
+};
+
+// Few names and many, so that the sets cross the size from which on they keep an index.
+TEST(XmlAttributeSet, RandomChangesFollowAPlainVector) {
+    for (unsigned int seed = 0; seed < 30; ++seed) {
+        std::mt19937 random(seed);
+        const std::size_t names = seed % 3 == 0 ? 70 : 200;
+        XmlAttributeSet set;
+        SetModel model;
+        for (int i = 0; i < 600; ++i) {
+            const XmlName name = numbered(random() % names, random() % 2 == 0 ? "p" : "q");
+            const unsigned int action = random() % 100;
+            if (action < 88) {
+                set.add(name, std::to_string(i));
+                model.add(name, std::to_string(i));
+            } else if (action < 94) {
+                set.remove(name);
+                model.remove(name);
+            } else if (action < 97) {
+                const XmlAttributeSet copy(set);
+                set.clear();
+                set = copy;
+            } else if (action < 99) {
+                XmlAttributeSet moved(std::move(set));
+                set = std::move(moved);
+            } else if (random() % 4 == 0) {
+                set.clear();
+                model.clear();
+            }
+            const XmlName other = numbered(random() % names);
+            ASSERT_EQ(set.contains(other), model.contains(other)) << seed << ", " << i;
+            if (i % 20 == 0) {
+                ASSERT_EQ(dump(set), model.dump()) << seed << ", " << i;
+            }
+        }
+    }
+}
+
+TEST(XmlAttributeSet, AssignOfReaderAttributesToALargeSetForgetsItsNames) {
+    XmlAttributeSet set;
+    for (std::size_t i = 0; i < 100; ++i) {
+        set.add(numbered(i), "old");
+    }
+    set.assign(readerList({{"n1", "", "", "new"}}));
+    EXPECT_EQ(dump(set), "n1=new");
+    EXPECT_FALSE(set.contains(XmlName("n2")));
+    set.add(XmlName("n2"), "added");
+    EXPECT_EQ(dump(set), "n1=new n2=added");
+}
+
+TEST(XmlAttributeSet, ACopyOfALargeSetOutlivesIt) {
+    XmlAttributeSet copy;
+    {
+        XmlAttributeSet set;
+        for (std::size_t i = 0; i < 100; ++i) {
+            set.add(numbered(i), "value");
+        }
+        copy = set;
+    }
+    EXPECT_TRUE(copy.contains(numbered(99)));
+    copy.add(numbered(99), "replaced");
+    EXPECT_EQ(copy.entries(), 100u);
+    EXPECT_EQ(std::prev(copy.getIteratorEnd())->getValue(), "replaced");
+}
+
+TEST(XmlAttributeSet, MoveAssignmentToItselfDoesNothing) {
+    XmlAttributeSet set = abc();
+    XmlAttributeSet& same = set;
+    set = std::move(same);
+    EXPECT_EQ(dump(set), "a=1 b=2 c=3");
 }
 
 }  // namespace

@@ -238,6 +238,34 @@ TEST(XmlReaderRobustness, AFailingAllocationWithManyAttributesAndScopesLeaksNoth
     EXPECT_GT(tries, 40u);
 }
 
+TEST(XmlReaderRobustness, AFailingAllocationInAnyOperationLeaksNothing) {
+    const std::string longPart(60, 'u');
+    const std::string content = "<p:c d='" + longPart + "'>x</p:c>";
+    const std::string document =
+        "<a xmlns:p='" + longPart + "'>" + content + content + content + "</a>";
+    const long before = liveAllocations();
+    const unsigned long tries = failEachAllocation(
+        [&] {
+            XmlReader reader(document.data(), static_cast<unsigned>(document.size()));
+            reader.addNamespace(XmlNamespace(longPart, longPart));
+            reader.setNamespaceStack(reader.getNamespaceStack());
+            reader.readElementStart("a");
+            EXPECT_TRUE(reader.isElementNext("p:c"));
+            reader.readElementStart("p:c");
+            reader.getLastName();
+            reader.readElementValue();
+            reader.readElementEnd("p:c");
+            XmlReader child = reader.getElementReader("p:c");
+            child.addNamespace(XmlNamespace(longPart, longPart));
+            child.readElement(XmlReader::NullName);
+            reader.readWellFormedElement(XmlReader::NullName);
+            reader.getElementReader("p:c");
+        },
+        [before] { EXPECT_EQ(liveAllocations(), before); });
+    EXPECT_GT(tries, 30u);
+    EXPECT_EQ(liveAllocations(), before);
+}
+
 TEST(XmlReaderRobustness, AReaderIsUsableAfterAnAllocationHasFailed) {
     // Every tag that fails is left half read; what follows is still safe to ask for.
     for (unsigned long n = 1; n < 40; ++n) {

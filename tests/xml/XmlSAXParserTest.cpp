@@ -4,6 +4,8 @@
 #include <nolk/core/XmlContentHandler.h>
 #include <nolk/core/XmlParseLineColException.h>
 
+#include "foundation/SlotOrder.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -77,6 +79,12 @@ std::string failureOf(const std::string& document, Events* events = nullptr) {
 
 const std::string unmatched = "[XML_PARSE_UNMATCHED_START] Unmatched start tag for ";
 const std::string prematureEnd = "[XML_PARSE_PREMATURE_EOF] Premature EOF";
+
+TEST(XmlContentHandler, VirtualsKeepTheirSlotOrder) {
+    EXPECT_EQ(slotOf(&XmlContentHandler::startElement), 2u);
+    EXPECT_EQ(slotOf(&XmlContentHandler::endElement), 3u);
+    EXPECT_EQ(slotOf(&XmlContentHandler::characters), 4u);
+}
 
 TEST(XmlSAXParser, StartsWithoutHandlerAndExpandsAttributes) {
     const XmlSAXParser parser;
@@ -360,6 +368,20 @@ TEST(XmlSAXParser, ExceptionsOfHandlersLeaveTheParse) {
         parser.parse(document);
         EXPECT_EQ(events, (Events{"<a x=1", "'t", "<b", ">b", ">a"}));
     }
+}
+
+TEST(XmlSAXParser, AHandlerSetBeforeAnExceptionStays) {
+    Events events;
+    Recorder first(events);
+    Recorder second(events);
+    XmlSAXParser parser;
+    parser.setContentHandler(&first);
+    first.hook = [&](std::size_t) {
+        parser.setContentHandler(&second);
+        throw std::runtime_error("handler");
+    };
+    EXPECT_THROW(parser.parse("<a><b/></a>"), std::runtime_error);
+    EXPECT_EQ(parser.getContentHandler(), &second);
 }
 
 TEST(XmlSAXParser, TwoParsesAreIndependent) {

@@ -2,6 +2,8 @@
 
 #include <nolk/core/XmlStringWriter.h>
 
+#include "foundation/SlotOrder.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -61,6 +63,19 @@ std::string escapedText(const std::string& text) {
 
 std::string escapedAttribute(const std::string& value) {
     return written([&](XmlWriter& writer) { writer.writeAttribute("a", value, true); });
+}
+
+TEST(XmlWriter, VirtualsKeepTheirSlotOrder) {
+    struct Access : XmlWriter {
+        using XmlWriter::writeToSink;
+    };
+    EXPECT_EQ(slotOf(static_cast<void (XmlWriter::*)(char)>(&XmlWriter::writeToSink)), 2u);
+    EXPECT_EQ(slotOf(static_cast<void (XmlWriter::*)(const char*, unsigned int)>(
+                  &XmlWriter::writeToSink)),
+              3u);
+    EXPECT_EQ(slotOf(static_cast<void (XmlWriter::*)(const std::string&)>(&Access::writeToSink)),
+              4u);
+    EXPECT_EQ(slotOf(&XmlWriter::flush), 5u);
 }
 
 // ---- settings and layout ----
@@ -1027,6 +1042,16 @@ TEST(XmlWriter, ARememberedNamespaceThatClashesIsDeclaredUnderAGeneratedPrefix) 
     writer.addNamespaceDecl(XmlNamespace("p", "v"));
     writer.writeElementStart(XmlName("a"), {}, true);
     EXPECT_EQ(writer.text(), "<a xmlns:p=\"u\" xmlns:ns1=\"v\"/>");
+}
+
+// Declared first, it takes the default from the element that asks for another one.
+TEST(XmlWriter, ARememberedDefaultComesBeforeThatOfTheElement) {
+    PieceWriter writer;
+    writer.addNamespaceDecl(XmlNamespace("", "u"));
+    writer.writeElementStart(XmlName("a", XmlNamespace("", "v")));
+    writer.writeElementStart(XmlName("b", XmlNamespace("", "u")), {}, true);
+    writer.writeElementEnd(XmlName("a", XmlNamespace("", "v")));
+    EXPECT_EQ(writer.text(), "<ns1:a xmlns=\"u\" xmlns:ns1=\"v\"><b/></ns1:a>");
 }
 
 TEST(XmlWriter, SetNamespaceStackReplacesByACopy) {

@@ -32,7 +32,7 @@ public:
     XmlName& getName() noexcept { return name_; }
     void setName(XmlName name) { name_ = std::move(name); }
 
-    /** The value as the application means it, with no references in it; UTF-8. */
+    /** UTF-8. A writer escapes it; a reader has replaced its references unless told not to. */
     const std::string& getValue() const noexcept { return value_; }
     void setValue(std::string value) { value_ = std::move(value); }
 

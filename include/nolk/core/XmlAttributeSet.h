@@ -7,6 +7,7 @@
 #include <nolk/core/XmlNamespace.h>
 
 #include <list>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -21,7 +22,8 @@ class XmlReaderAttributeList;
  * declarations has an empty URI, the declaration `xmlns:foo` and a plain attribute `foo` have
  * equal names, and adding one after the other keeps one entry with the later value.
  *
- * Look-ups are linear: the sets are small. None of them allocates but where it copies out.
+ * Made for the few attributes that elements have, it takes very many as well: adding and finding
+ * stay quick. No look-up allocates but where it copies out.
  *
  * A value that owns its attributes; not synchronised. References and iterators stay valid until
  * their attribute is removed.
@@ -38,12 +40,12 @@ public:
     /** "xmlns", the local name of the default namespace's declaration. */
     static const std::string DefaultNamespaceAttributeTag;
 
-    XmlAttributeSet() = default;
-    XmlAttributeSet(const XmlAttributeSet&) = default;
-    XmlAttributeSet(XmlAttributeSet&&) noexcept = default;
+    XmlAttributeSet() noexcept;
+    XmlAttributeSet(const XmlAttributeSet& other);
+    XmlAttributeSet(XmlAttributeSet&& other) noexcept;
     /** Both assignments: all or nothing; assigning a set to itself does nothing. */
     XmlAttributeSet& operator=(const XmlAttributeSet& other);
-    XmlAttributeSet& operator=(XmlAttributeSet&&) noexcept = default;
+    XmlAttributeSet& operator=(XmlAttributeSet&& other) noexcept;
     virtual ~XmlAttributeSet();
 
     /**
@@ -115,15 +117,18 @@ public:
 
 private:
     friend class XmlSAXParser;
+    class Index;
 
     const XmlAttribute* lookUp(std::string_view localName, std::string_view uri) const noexcept;
     XmlAttribute* lookUp(std::string_view localName, std::string_view uri) noexcept;
     const XmlAttribute* lookUp(const XmlName& name) const noexcept;
     bool findNamespaceByPrefix(const std::string& prefix, XmlAttribute& out) const;
+    void appendFirstOf(std::list<XmlAttribute>& source);
     void removeAll(std::string_view localName, std::string_view uri);
     void refill(const XmlReaderAttributeList& attributes, std::list<XmlAttribute>& spare);
 
     std::list<XmlAttribute> attributes_;
+    std::unique_ptr<Index> index_;  ///< of all attributes once they are many, or null
 };
 
 }  // namespace nolk

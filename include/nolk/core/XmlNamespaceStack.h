@@ -104,7 +104,7 @@ protected:
 private:
     friend class XmlWriter;
 
-    /** What a writer found of late; forgotten when a binding changes. */
+    /** What a writer found of late; forgotten when a binding is added or goes. */
     struct Recent {
         static constexpr std::size_t slots = 8;
         const XmlNamespace* byURI[2][slots] = {};  ///< first index: without default namespaces
@@ -122,6 +122,7 @@ private:
     std::list<Scope>::iterator innermost_ = scopes_.end();
     std::size_t depth_ = 0;
     Recent recent_;
+    unsigned int boundNumbers_ = 0;  ///< a writer found "ns1" to "ns<this>" bound; until one goes
 };
 
 }  // namespace nolk

@@ -33,8 +33,9 @@ class XmlReaderImp;
  * A handle on an XmlReaderImp: copies share the document and the position. The body takes a private
  * copy of the text, converts it to UTF-8 in memory (UTF-8, US-ASCII, ISO-8859-1 and UTF-16 are
  * built in), and hands out text in two forms: operations with the suffix `I` return views into that
- * copy, without allocation, which live as long as the reader and until text under them is read
- * again; the others return owning copies.
+ * copy, without allocation, which live as long as the reader, until text under them is read again,
+ * and at most until an XML declaration inside the document converts it; the others return owning
+ * copies.
  *
  * It is made for machine-written messages, fast and forgiving, and is no validating processor: a
  * DOCTYPE is skipped, processing instructions and comments are not reported, an undeclared prefix
@@ -144,14 +145,16 @@ public:
     void readElementEndI(const XmlReaderName& name);
 
     /** The whole next element as raw text, tags included and nothing expanded; empty, with the node
-     * left to be read, if no element is next. Text behind a dropped processing instruction, or
-     * behind a comment in front of the first child, is moved inside the result. */
+     * left to be read, if no element is next. Not exact where a text has a processing instruction
+     * or a comment with a CR in it: that is dropped, the rest of the text moves up, and left-over
+     * bytes fill the gap. */
     std::string readElement(const XmlName& name);
     std::string readElement(const std::string& qualifiedName);
     XmlReaderString readElementI(const XmlReaderName& name);
 
     /** A reader over the next element, which this one moves behind. It shares the buffer, and the
-     * two mustn't be used at the same time. Over an empty text if no element is next. */
+     * two mustn't be used at the same time. Its text ends two bytes behind the element, so stop at
+     * the end tag and don't wait for eof(). Over an empty text if no element is next. */
     XmlReader getElementReader(const XmlName& name);
     XmlReader getElementReader(const std::string& qualifiedName);
     XmlReader getElementReader(const XmlReaderName& name);

@@ -8,11 +8,12 @@
 #include <nolk/core/XmlReaderAttributeList.h>
 #include <nolk/core/XmlReaderName.h>
 #include <nolk/core/XmlReaderNamespaceStack.h>
+#include <nolk/core/XmlReaderText.h>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
-#include <list>
-#include <memory>
+#include <forward_list>
 #include <string>
 #include <string_view>
 
@@ -99,7 +100,7 @@ public:
     std::string readWellFormedElement(const XmlReaderName& name);
 
 private:
-    using Buffer = std::shared_ptr<char[]>;
+    using Buffer = XmlReaderText;
 
     /** What readElement keeps aside while it reads on; chained, so that a replaced buffer finds
      * and moves it. */
@@ -116,23 +117,30 @@ private:
         XmlReaderString localName() const { return {data + localOffset, length - localOffset}; }
     };
 
-    /** An open element by its qualified name; a length of 0 means that it isn't known. */
+    /** An open element by its qualified name; a length of 0 means that it isn't known. Has no
+     * first value: setting them would cost a short document more than they save. */
     struct OpenName {
         const char* data;
         std::uint32_t length;
-        XmlReaderName name;
+        std::uint32_t prefixLength;
+        const char* uri;
+        std::uint32_t uriLength;
     };
 
     /** A prefix of up to eight bytes and what it resolved to. */
     struct PrefixMemo {
+        static constexpr std::uint32_t unknown = ~std::uint32_t{0};  // as length: nothing yet
+
         std::uint64_t bytes;
-        std::uint64_t generation;
-        XmlReaderString uri;
+        const char* uri;
+        std::uint32_t uriLength;
         std::uint32_t length;
     };
 
     /** Open elements up to this depth are matched with their end tag by a comparison of bytes. */
-    static constexpr std::uint32_t rememberedDepth = 8;
+    static constexpr std::uint32_t rememberedDepth = 6;
+
+    void openDocument(const char* text, unsigned length);
 
     /** A reader for getElementReader: shares the buffer of `parent` and its position. */
     explicit XmlReaderImp(XmlReaderImp* parent);
@@ -155,7 +163,7 @@ private:
     void readAndProcessBOM();
     void readPIOrXmlDecl();
     void readXmlDecl();
-    bool readUsualXmlDecl();
+    void skipUsualXmlDecl();
     XmlReaderString readDeclValue();
     void readDeclaredEncoding();
     void applyDeclaredEncoding(XmlReaderString declared);
@@ -172,9 +180,17 @@ private:
     void readName(XmlReaderString& name);
     char* scanName(char* p, ScannedName& name);
     char* scanOtherName(char* p, ScannedName& name);
+    bool startsName();
     XmlReaderName resolveName(const ScannedName& name);
-    const XmlReaderString& resolvePrefix(const char* prefix, std::uint32_t length);
-    const XmlReaderString& lookUpPrefix(const XmlReaderString& prefix);
+    XmlReaderString resolvePrefix(const char* prefix, std::uint32_t length);
+    XmlReaderString lookUpPrefix(const XmlReaderString& prefix);
+    PrefixMemo& memoOf(std::uint64_t bytes) {
+        // A factor by which the prefixes that often meet fall apart.
+        return prefixMemo_[(bytes * 0x2A2AA24866DC9CCB) >> 61];
+    }
+    std::uint64_t prefixBytes(const XmlReaderString& prefix) const;
+    void rememberUnboundPrefixes();
+    void forgetPrefixesOf(const XmlReaderNamespaceList& scope);
     void forgetPrefixes();
     void forgetOpenNames();
     void clearMemory();
@@ -184,25 +200,35 @@ private:
     void readCDATA(char*& out);
 
     // Tags.
+    void readPlainStartTag(char* p);
+    char* scanPlainName(char* p, ScannedName& name);
+    char* scanPlainAttribute(char* p);
+    void leavePlainTag(char* p, ScannedName name);
     void readStartTag(char* p, bool expandAttributes);
+    void readRestOfTag(char* p, const ScannedName& name, bool expandAttributes);
     void finishStartTag(const ScannedName& name);
     void finishEmptyTag(const ScannedName& name);
     void readEndTag(char* slash);
-    void readOtherEndTag();
-    bool readRememberedEndTag();
+    void readOtherEndTag(char* p);
     void pushScope();
     void popScope();
+    void leaveScope();
     char* scanAttribute(char* p, bool expand);
     XmlReaderString readAttributeValue(bool expand);
     XmlReaderString readQuoted(char quote, bool expand);
     void addAttribute(const ScannedName& name, const XmlReaderString& value);
-    void declareNamespace(const XmlReaderString& prefix, const XmlReaderString& uri);
+    void noteDeclaration(ScannedName name, XmlReaderString value);
+    void declareNamespace(XmlReaderString prefix, XmlReaderString uri);
     void fixupAttributeURIs();
     void resolveAttributes();
 
     // Content.
     void readContent(bool expandReferences, bool keepComments);
     void readContent() { readContent(expandContentReference_, expandCommentReference_); }
+    void readPlainText(char* start);
+    void readLongText(char* start, char* from);
+    void finishText(char* start, char* stop);
+    void readMixedText(char* start, char* stop);
     void readText(bool expandReferences, bool keepComments);
     void readMixedContent(char* start, bool expandReferences, bool keepComments);
     bool readContentMarkup(char*& start, char*& out, bool keepComments);
@@ -237,6 +263,7 @@ private:
     bool standaloneDeclared_ = false;
     bool nodePending_ = false;
     bool prefixedInTag_ = false;  // the tag being read has an attribute with a prefix
+    std::uint32_t originalLength_ = 0;
 
     XmlReaderName lastName_;
     XmlReaderString lastContent_;
@@ -245,10 +272,7 @@ private:
 
     // Entry d belongs to the scope at depth d + 1 and is set when that scope is opened.
     std::array<OpenName, rememberedDepth> openNames_;
-    std::array<PrefixMemo, 4> prefixMemo_;
-    std::uint64_t prefixGeneration_ = 1;  // raised by every change of what prefixes resolve to
-
-    XmlReaderString longPrefixUri_;  // of the last prefix that is too long for the memo
+    std::array<PrefixMemo, 8> prefixMemo_;  // right at any time: changes of a prefix drop it
 
     XmlReaderString encoding_;
     XmlReaderString standalone_;
@@ -261,10 +285,9 @@ private:
     char* savedBegin_ = nullptr;
     char* savedLast_ = nullptr;
     char* savedContentStart_ = nullptr;
-    std::uint32_t originalLength_ = 0;
     const char* asciiTo_ = nullptr;  // if set, all before it is ASCII, and so was all behind it
 
-    std::list<CountingPointer<XmlNamespace>> ownedNamespaces_;
+    std::forward_list<CountingPointer<XmlNamespace>> ownedNamespaces_;
     KeptElement* kept_ = nullptr;
     XmlReader parent_;
 };

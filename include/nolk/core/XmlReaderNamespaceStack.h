@@ -4,6 +4,8 @@
 #include <nolk/core/Export.h>
 #include <nolk/core/XmlReaderNamespaceList.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -14,19 +16,25 @@ namespace nolk {
  *
  * Scopes are reused by index: popScope() only lowers the depth, and the bindings of a popped scope
  * stay in place until pushScope() comes back to it. A stack owns none of the text that it views.
+ * What most documents need has its place in the stack itself; only deeper or fuller scopes
+ * allocate. Copying copies all scopes, those popped among them.
  */
 class NOLK_API XmlReaderNamespaceStack {
 public:
+    XmlReaderNamespaceStack() {}  // not defaulted: the room has no first value
+    XmlReaderNamespaceStack(const XmlReaderNamespaceStack& other);
+    XmlReaderNamespaceStack& operator=(const XmlReaderNamespaceStack& other);
+
     /** Opens an empty scope inside the others. */
     void pushScope() {
-        if (depth_ < scopes_.size()) {
-            scopes_[depth_].clear();
-        } else if (scopes_.size() < scopes_.capacity()) {
-            scopes_.emplace_back();
+        if (depth_ < firstScopes) [[likely]] {
+            first_[depth_].clear();
+            if (++depth_ > allocated_) {
+                allocated_ = depth_;
+            }
         } else {
-            growScopes();
+            pushDeeperScope();
         }
-        ++depth_;
     }
 
     /** Closes the innermost scope; nothing happens without one. */
@@ -38,7 +46,14 @@ public:
 
     /** Binds in the innermost scope, which is opened first where there is none. Of two bindings of
      * one prefix in a scope the earlier one counts. */
-    void addNamespace(const XmlReaderNamespace& binding);
+    void addNamespace(const XmlReaderNamespace& binding) {
+        const std::uint32_t innermost = depth_ - 1;
+        if (innermost < firstScopes && first_[innermost].length() < first_[innermost].capacity()) {
+            first_[innermost].appendSlot() = binding;
+        } else {
+            addWithoutRoom(binding);
+        }
+    }
 
     /** The URI of the innermost binding of `prefix`, or an empty view. */
     XmlReaderString getURIForPrefix(const XmlReaderString& prefix) const;
@@ -51,17 +66,34 @@ public:
     std::uint32_t depth() const { return depth_; }
 
     /** The number of scopes ever opened, those popped and not yet reused among them. */
-    std::uint32_t allocatedScopes() const { return static_cast<std::uint32_t>(scopes_.size()); }
+    std::uint32_t allocatedScopes() const { return allocated_; }
 
     /** A scope by its index, outermost first. @pre `index` is below allocatedScopes(). */
-    const XmlReaderNamespaceList& scope(std::uint32_t index) const { return scopes_[index]; }
-    XmlReaderNamespaceList& scope(std::uint32_t index) { return scopes_[index]; }
+    const XmlReaderNamespaceList& scope(std::uint32_t index) const {
+        return index < firstScopes ? first_[index] : deeper_[index - firstScopes];
+    }
+    XmlReaderNamespaceList& scope(std::uint32_t index) {
+        return index < firstScopes ? first_[index] : deeper_[index - firstScopes];
+    }
 
 private:
-    void growScopes();
+    static constexpr std::uint32_t firstScopes = 6;
+    static constexpr std::uint32_t firstRoom = 3;  // the document's element declares most
+    static constexpr std::uint32_t secondRoom = 2;
+
+    void pushDeeperScope();
+    void addWithoutRoom(const XmlReaderNamespace& binding);
+    void lendRoom(XmlReaderNamespaceList& scope);
 
     std::uint32_t depth_ = 0;
-    std::vector<XmlReaderNamespaceList> scopes_;
+    std::uint32_t allocated_ = 0;
+    std::array<XmlReaderNamespaceList, firstScopes> first_;
+    std::vector<XmlReaderNamespaceList> deeper_;
+
+    // The first room of those of first_ that get bindings first.
+    std::uint32_t lent_ = 0;
+    alignas(
+        XmlReaderNamespace) std::byte room_[(firstRoom + secondRoom) * sizeof(XmlReaderNamespace)];
 };
 
 }  // namespace nolk

@@ -16,7 +16,8 @@ namespace nolk {
  * allocates nothing until it grows beyond its longest use.
  *
  * The first entry makes room for sixteen, so that the many lists that never hold one cost no
- * memory; from there the room doubles. Copying copies the live entries.
+ * memory; from there the room doubles. A list can be lent its first room by its owner instead.
+ * Copying copies the live entries.
  */
 template <class T>
 class XmlReaderSlots {
@@ -30,7 +31,8 @@ public:
     XmlReaderSlots(XmlReaderSlots&& other) noexcept
         : count_(std::exchange(other.count_, 0)),
           capacity_(std::exchange(other.capacity_, 0)),
-          slots_(std::move(other.slots_)) {}
+          slots_(std::exchange(other.slots_, nullptr)),
+          owned_(std::move(other.owned_)) {}
 
     XmlReaderSlots& operator=(const XmlReaderSlots& other) {
         if (this != &other) {
@@ -38,7 +40,7 @@ public:
             if (other.count_ > capacity_) {
                 reserve(other.capacity_);
             }
-            copySlots(slots_.get(), other);
+            copySlots(slots_, other);
             count_ = other.count_;
         }
         return *this;
@@ -46,12 +48,23 @@ public:
     XmlReaderSlots& operator=(XmlReaderSlots&& other) noexcept {
         count_ = std::exchange(other.count_, 0);
         capacity_ = std::exchange(other.capacity_, 0);
-        slots_ = std::move(other.slots_);
+        slots_ = std::exchange(other.slots_, nullptr);
+        owned_ = std::move(other.owned_);
         return *this;
     }
 
     /** The number of live entries. */
     std::uint32_t length() const { return count_; }
+
+    /** The number of entries that there is room for. */
+    std::uint32_t capacity() const { return capacity_; }
+
+    /** Lends an unused list its first room, for `capacity` entries; it counts for a list that takes
+     * this one's place by a move too. @pre `room` outlives them and is aligned for entries. */
+    void lendRoom(void* room, std::uint32_t capacity) {
+        slots_ = static_cast<T*>(room);
+        capacity_ = capacity;
+    }
 
     /** Forgets the entries and keeps their slots. */
     void clear() { count_ = 0; }
@@ -76,8 +89,8 @@ public:
     const T& operator[](std::uint32_t index) const { return slots_[index]; }
     T& operator[](std::uint32_t index) { return slots_[index]; }
 
-    const_iterator begin() const { return slots_.get(); }
-    const_iterator end() const { return slots_.get() + count_; }
+    const_iterator begin() const { return slots_; }
+    const_iterator end() const { return slots_ + count_; }
 
 private:
     struct Free {
@@ -88,7 +101,7 @@ private:
 
     static void copySlots(T* to, const XmlReaderSlots& from) {
         if (from.count_ != 0) {
-            std::memcpy(static_cast<void*>(to), from.slots_.get(), from.count_ * sizeof(T));
+            std::memcpy(static_cast<void*>(to), from.slots_, from.count_ * sizeof(T));
         }
     }
 
@@ -99,13 +112,15 @@ private:
         std::unique_ptr<T[], Free> slots(
             static_cast<T*>(::operator new (std::size_t{capacity} * sizeof(T))));
         copySlots(slots.get(), *this);
-        slots_ = std::move(slots);
+        owned_ = std::move(slots);
+        slots_ = owned_.get();
         capacity_ = capacity;
     }
 
     std::uint32_t count_ = 0;
     std::uint32_t capacity_ = 0;
-    std::unique_ptr<T[], Free> slots_;
+    T* slots_ = nullptr;                // lent or owned
+    std::unique_ptr<T[], Free> owned_;  // null while the room is lent
 };
 
 }  // namespace nolk

@@ -51,7 +51,8 @@ public:
 
     /**
      * Reads the whole document, whose encoding is detected as XmlReader does. `second` is not
-     * read. A document that ends right after a start tag ends without an error.
+     * read. A document that ends right after a start tag, or one byte behind it, ends without an
+     * error.
      *
      * @throws XmlParseLineColException for malformed input, with
      *         NOLK_CORE_XML_PARSE_UNMATCHED_START for an end tag that isn't that of the innermost

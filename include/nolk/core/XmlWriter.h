@@ -59,18 +59,15 @@ public:
     /** @name Layout
      * Nothing is indented unless white space is not ignored; then each text, attribute or tag
      * that comes first on its line does it. Only these operations change the indent. @{ */
-
     /** Sets the spaces of one level and gives the previous value. */
     int setSizeOfIndent(int size) noexcept;
     /** Sets the spaces at the start of a line; a negative number counts as 0. */
     void setCurrentIndent(int indent) noexcept;
     void incrementIndent() noexcept;
     void decrementIndent() noexcept;  ///< Stops at 0.
-
     /** While true (the default) neither indents nor new lines are written. */
     bool getIgnoreWhitespace() const noexcept { return ignoreWhitespace_; }
     void setIgnoreWhitespace(bool ignore) noexcept { ignoreWhitespace_ = ignore; }
-
     /** Writes a line feed. */
     void writeNewLine();
     /** Writes the indent if nothing was written behind the last writeNewLine(). */
@@ -89,8 +86,8 @@ public:
     void setNamespaceStack(const XmlNamespaceStack& stack) { namespaces_ = stack; }
 
     /**
-     * Writes element content. Escaped, `&`, `<`, `>` and CR become references, every `&` of them
-     * and quotes not; a complete CDATA section goes out as it is.
+     * Writes element content. Escaped, every `&`, `<`, `>` and CR becomes a reference, also an `&`
+     * that begins one; quotes stay, and a complete CDATA section goes out as it is.
      */
     void write(const char* text, unsigned int length, bool escape);
     void write(const std::string& text, bool escape);
@@ -169,7 +166,7 @@ public:
 private:
     static const XmlAttributeSet& none() noexcept;
     static const XmlName& noType() noexcept;
-    XmlNamespace generatePrefixForNamespace(const XmlNamespace& ns) const;
+    XmlNamespace generatePrefixForNamespace(const XmlNamespace& ns);
     void addNamespaceToScope(const XmlNamespace& ns);
     const XmlNamespace* addNamespaceToScopeIfNecessary(const XmlNamespace& ns, bool skipDefault);
     void processNamespaceDecls(const XmlAttributeSet& attributes);

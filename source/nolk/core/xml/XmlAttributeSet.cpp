@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <iterator>
+#include <memory>
 #include <unordered_map>
 #include <utility>
 
@@ -20,47 +21,70 @@ bool isNamed(const XmlAttribute& attribute, std::string_view localName, std::str
            xml::equalTexts(attribute.getName().getNamespace().getURI(), uri);
 }
 
-// Finds the attribute of a name in a tag of very many, where a search from the first one for each
-// would take its time. Tags that people write never use it.
-class NameIndex {
+// The number of attributes from which on an index pays. Elements that people write stay below.
+constexpr std::size_t indexedFrom = 64;
+
+}  // namespace
+
+/** Finds an attribute by its name without a walk over all. Its keys are the attributes' texts. */
+class XmlAttributeSet::Index {
 public:
-    explicit NameIndex(std::size_t attributes) : inUse_(attributes > 64) {}
+    explicit Index(std::list<XmlAttribute>& attributes) {
+        for (XmlAttribute& attribute : attributes) {
+            insert(attribute);
+        }
+    }
 
-    bool inUse() const { return inUse_; }
+    void insert(XmlAttribute& attribute) {
+        slots_.emplace(Key(attribute.name_.getLocalName(), attribute.name_.getNamespace().getURI()),
+                       &attribute);
+    }
 
-    /** The place for the attribute of this name; null in it at first. */
-    XmlAttribute*& operator[](const XmlReaderName& name) {
-        return slots_[{name.localName.view(), name.uri.view()}];
+    XmlAttribute* find(std::string_view localName, std::string_view uri) const noexcept {
+        const auto slot = slots_.find(Key(localName, uri));
+        return slot != slots_.end() ? slot->second : nullptr;
     }
 
 private:
     using Key = std::pair<std::string_view, std::string_view>;
     struct Hash {
-        std::size_t operator()(const Key& key) const {
+        std::size_t operator()(const Key& key) const noexcept {
             const std::hash<std::string_view> hash;
             return hash(key.first) * 31 + hash(key.second);
         }
     };
 
-    bool inUse_;
     std::unordered_map<Key, XmlAttribute*, Hash> slots_;
 };
-
-}  // namespace
 
 // Short texts of constants: compilers that can do so initialise both before anything runs.
 const std::string XmlAttributeSet::EmptyString;
 const std::string XmlAttributeSet::DefaultNamespaceAttributeTag("xmlns");
 
-XmlAttributeSet::~XmlAttributeSet() = default;
+XmlAttributeSet::XmlAttributeSet() noexcept = default;
+
+XmlAttributeSet::XmlAttributeSet(const XmlAttributeSet& other)
+    : attributes_(other.attributes_),
+      index_(other.index_ != nullptr ? std::make_unique<Index>(attributes_) : nullptr) {}
+
+XmlAttributeSet::XmlAttributeSet(XmlAttributeSet&& other) noexcept = default;
 
 XmlAttributeSet& XmlAttributeSet::operator=(const XmlAttributeSet& other) {
     if (this != &other) {
-        std::list<XmlAttribute> copy(other.attributes_);
-        attributes_.swap(copy);
+        *this = XmlAttributeSet(other);
     }
     return *this;
 }
+
+XmlAttributeSet& XmlAttributeSet::operator=(XmlAttributeSet&& other) noexcept {
+    if (this != &other) {
+        attributes_ = std::move(other.attributes_);
+        index_ = std::move(other.index_);
+    }
+    return *this;
+}
+
+XmlAttributeSet::~XmlAttributeSet() = default;
 
 void XmlAttributeSet::add(XmlAttribute attribute) {
     add(std::move(attribute.name_), std::move(attribute.value_));
@@ -70,7 +94,9 @@ void XmlAttributeSet::add(XmlName name, std::string value) {
     if (XmlAttribute* present = lookUp(name.getLocalName(), name.getNamespace().getURI())) {
         present->value_ = std::move(value);
     } else {
-        attributes_.emplace_back(std::move(name), std::move(value));
+        std::list<XmlAttribute> added;
+        added.emplace_back(std::move(name), std::move(value));
+        appendFirstOf(added);
     }
 }
 
@@ -160,6 +186,7 @@ void XmlAttributeSet::remove(const XmlName& name) {
 }
 
 void XmlAttributeSet::clear() noexcept {
+    index_.reset();
     attributes_.clear();
 }
 
@@ -190,6 +217,9 @@ void XmlAttributeSet::assign(const XmlReaderAttributeList& attributes) {
 
 const XmlAttribute* XmlAttributeSet::lookUp(std::string_view localName,
                                             std::string_view uri) const noexcept {
+    if (index_ != nullptr) {
+        return index_->find(localName, uri);
+    }
     for (const XmlAttribute& attribute : attributes_) {
         if (isNamed(attribute, localName, uri)) {
             return &attribute;
@@ -216,8 +246,21 @@ bool XmlAttributeSet::findNamespaceByPrefix(const std::string& prefix, XmlAttrib
     return false;
 }
 
-// What is removed dies last: the name to remove may belong to one of the attributes.
+// The name isn't among the attributes yet. All or nothing.
+void XmlAttributeSet::appendFirstOf(std::list<XmlAttribute>& source) {
+    if (attributes_.size() >= indexedFrom) {
+        if (index_ == nullptr) {
+            index_ = std::make_unique<Index>(attributes_);
+        }
+        index_->insert(source.front());
+    }
+    attributes_.splice(attributes_.end(), source, source.begin());
+}
+
+// What is removed dies last: the name to remove may belong to one of the attributes. The walk
+// over all costs as much as the index that the next addition makes anew.
 void XmlAttributeSet::removeAll(std::string_view localName, std::string_view uri) {
+    index_.reset();
     std::list<XmlAttribute> removed;
     for (auto it = attributes_.begin(); it != attributes_.end();) {
         const auto next = std::next(it);
@@ -232,24 +275,22 @@ void XmlAttributeSet::removeAll(std::string_view localName, std::string_view uri
 // texts: reading tag after tag into one set allocates nothing once it has seen the largest.
 void XmlAttributeSet::refill(const XmlReaderAttributeList& attributes,
                              std::list<XmlAttribute>& spare) {
+    index_.reset();
     spare.splice(spare.begin(), attributes_);
-    NameIndex index(attributes.length());
     for (std::uint32_t i = 0; i < attributes.length(); ++i) {
         const XmlReaderName& name = attributes[i].name;
-        XmlAttribute* found =
-            index.inUse() ? nullptr : lookUp(name.localName.view(), name.uri.view());
-        XmlAttribute*& known = index.inUse() ? index[name] : found;
-        if (known != nullptr) {
-            known->value_.assign(attributes[i].value.view());
+        const std::string_view value = attributes[i].value.view();
+        if (XmlAttribute* known = lookUp(name.localName.view(), name.uri.view())) {
+            known->value_.assign(value);
             continue;
         }
         if (spare.empty()) {
             spare.emplace_back();
         }
-        known = &spare.front();
-        known->name_.assign(name.localName.view(), name.prefix.view(), name.uri.view());
-        known->value_.assign(attributes[i].value.view());
-        attributes_.splice(attributes_.end(), spare, spare.begin());
+        XmlAttribute& next = spare.front();
+        next.name_.assign(name.localName.view(), name.prefix.view(), name.uri.view());
+        next.value_.assign(value);
+        appendFirstOf(spare);
     }
 }
 

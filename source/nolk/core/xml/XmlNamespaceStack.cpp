@@ -39,6 +39,7 @@ XmlNamespaceStack& XmlNamespaceStack::operator=(const XmlNamespaceStack& other) 
         innermost_ = scopes_.begin();
         depth_ = other.depth_;
         recent_ = {};
+        boundNumbers_ = 0;
     }
     return *this;
 }
@@ -135,6 +136,7 @@ const XmlNamespace* XmlNamespaceStack::matchURI(const std::string& uri,
 void XmlNamespaceStack::clearInnermost() noexcept {
     innermost_->clear();
     recent_ = {};
+    boundNumbers_ = 0;
 }
 
 }  // namespace nolk

@@ -24,9 +24,7 @@ XmlReaderName resolved(const XmlReaderImp& reader, const std::string& qualifiedN
 
 XmlAttributeSet asSet(const XmlReaderAttributeList& attributes) {
     XmlAttributeSet set;
-    for (const XmlReaderAttribute& attribute : attributes) {
-        set.add(XmlAttribute(attribute.name.asXmlName(), attribute.value.asString()));
-    }
+    set.assign(attributes);
     return set;
 }
 

@@ -1,18 +1,18 @@
 #ifndef NOLK_CORE_XML_XML_READER_BUFFER_H
 #define NOLK_CORE_XML_XML_READER_BUFFER_H
 
+#include <nolk/core/XmlReaderText.h>
 #include <nolk/core/xml/XmlScan.h>
 
 #include <cstddef>
 #include <cstring>
-#include <memory>
 
 namespace nolk {
 
 /** Room for `length` bytes of text, shared by a reader and its children, with zero bytes behind it
  * so that vector scans and the odd bound of a child reader stay inside. */
-inline std::shared_ptr<char[]> newReaderBuffer(std::size_t length) {
-    auto buffer = std::make_shared_for_overwrite<char[]>(length + xmlscan::scanPadding);
+inline XmlReaderText newReaderBuffer(std::size_t length) {
+    XmlReaderText buffer(length + xmlscan::scanPadding);
     std::memset(buffer.get() + length, 0, xmlscan::scanPadding);
     return buffer;
 }

@@ -195,6 +195,7 @@ void XmlReaderImp::adoptBuffer(const XmlReaderImp& source) {
     last_ = source.last_;
     contentStart_ = source.contentStart_;
     encoding_ = source.encoding_;
+    asciiTo_ = nullptr;
     rebase(move);
 }
 

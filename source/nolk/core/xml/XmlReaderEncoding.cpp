@@ -11,6 +11,7 @@
 #include <nolk/core/xml/XmlReaderBuffer.h>
 #include <nolk/core/xml/XmlReaderRebase.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cstring>
 #include <limits>
@@ -101,8 +102,7 @@ std::string XmlReaderImp::convertBytes(const std::string& encoding, const std::s
     // A declaration may come again and again in content, each time doubling what isn't ASCII.
     const std::size_t limit = std::min<std::size_t>(64 * std::size_t{originalLength_} + 65536,
                                                     std::numeric_limits<std::uint32_t>::max());
-    LocalizedMessage reason(NOLK_CORE_NO_MEMORY);
-    std::string failure = reason.getMessage();
+    std::string failure;
     try {
         std::string converted = upperCase == "ISO-8859-1" ? latin1ToUtf8(source)
                                 : isUtf16Name(upperCase)
@@ -111,6 +111,7 @@ std::string XmlReaderImp::convertBytes(const std::string& encoding, const std::s
         if (converted.size() <= limit) {
             return converted;
         }
+        failure = message(NOLK_CORE_NO_MEMORY).getMessage();
     } catch (const Exception& e) {
         failure = e.what();
     }

@@ -1,6 +1,7 @@
 // Life of a reader: the copy of the document, positions for errors, and what has to move when a
-// buffer is replaced. The rest of the class is in XmlReaderProlog.cpp (encodings, declarations),
-// XmlReaderTag.cpp (names, references, tags), XmlReaderContent.cpp (text and nodes) and
+// buffer is replaced. The rest of the class is in XmlReaderEncoding.cpp (conversion),
+// XmlReaderProlog.cpp (prolog, declarations), XmlReaderLexical.cpp (characters, names, references),
+// XmlReaderNode.cpp (nodes, tags), XmlReaderContent.cpp (text, comments, sections) and
 // XmlReaderElement.cpp (navigation by element).
 
 #include <nolk/core/MessageIds.h>
@@ -14,13 +15,20 @@
 
 namespace nolk {
 
-XmlReaderImp::XmlReaderImp(const char* text, unsigned length)
-    : XmlReaderImp(XmlReaderNamespaceStack(), text, length) {}
+XmlReaderImp::XmlReaderImp(const char* text, unsigned length) : originalLength_(length) {
+    clearMemory();
+    rememberUnboundPrefixes();
+    openDocument(text, length);
+}
 
 XmlReaderImp::XmlReaderImp(const XmlReaderNamespaceStack& inherited, const char* text,
                            unsigned length)
-    : namespaceStack_(inherited), originalLength_(length) {
+    : originalLength_(length), namespaceStack_(inherited) {
     clearMemory();
+    openDocument(text, length);
+}
+
+void XmlReaderImp::openDocument(const char* text, unsigned length) {
     namespaceStack_.pushScope();
     const std::size_t bytes = length == 0 ? 1 : length;
     buffer_ = newReaderBuffer(bytes);
@@ -49,6 +57,7 @@ XmlReaderImp::XmlReaderImp(XmlReaderImp* parent)
       encodingDeclared_(parent->encodingDeclared_),
       standaloneDeclared_(parent->standaloneDeclared_),
       nodePending_(parent->nodePending_),
+      originalLength_(parent->originalLength_),
       lastName_(parent->lastName_),
       lastContent_(parent->lastContent_),
       lastAttributes_(parent->lastAttributes_),
@@ -57,7 +66,7 @@ XmlReaderImp::XmlReaderImp(XmlReaderImp* parent)
       standalone_(parent->standalone_),
       version_(parent->version_),
       buffer_(parent->buffer_),
-      originalLength_(parent->originalLength_),
+      asciiTo_(parent->asciiTo_),
       ownedNamespaces_(parent->ownedNamespaces_),
       parent_(parent) {
     clearMemory();
@@ -124,7 +133,9 @@ void XmlReaderImp::failPrematureEof() const {
 }
 
 void XmlReaderImp::forgetPrefixes() {
-    ++prefixGeneration_;
+    for (PrefixMemo& memo : prefixMemo_) {
+        memo.length = PrefixMemo::unknown;
+    }
 }
 
 void XmlReaderImp::forgetOpenNames() {
@@ -134,9 +145,7 @@ void XmlReaderImp::forgetOpenNames() {
 }
 
 void XmlReaderImp::clearMemory() {
-    for (PrefixMemo& memo : prefixMemo_) {
-        memo.generation = 0;
-    }
+    forgetPrefixes();
     forgetOpenNames();
 }
 
@@ -147,8 +156,8 @@ void XmlReaderImp::addNamespace(const XmlReaderNamespace& binding) {
 }
 
 void XmlReaderImp::addNamespace(const XmlNamespace& binding) {
-    ownedNamespaces_.emplace_back(new XmlNamespace(binding));
-    const XmlNamespace& owned = *ownedNamespaces_.back().operator->();
+    ownedNamespaces_.push_front(CountingPointer<XmlNamespace>(new XmlNamespace(binding)));
+    const XmlNamespace& owned = *ownedNamespaces_.front().operator->();
     addNamespace(XmlReaderNamespace{XmlReaderString::of(owned.getPrefix()),
                                     XmlReaderString::of(owned.getURI())});
 }

@@ -10,8 +10,10 @@
 
 #include <nolk/core/MessageIds.h>
 #include <nolk/core/XmlReaderImp.h>
+#include <nolk/core/xml/XmlCharacterClass.h>
 #include <nolk/core/xml/XmlScan.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>
@@ -21,13 +23,7 @@ namespace nolk {
 
 namespace {
 
-/** The bytes that end a value: both quotes, so that one pattern serves for either kind. */
-struct AnyValueStops {
-    template <class B>
-    static auto match(B b) {
-        return b.equal('"') | b.equal('\'') | b.equal('<') | b.equal('&');
-    }
-};
+using xmlscan::BaseBlock;
 
 /** What a byte is where a name, or the end of one, is expected. */
 enum ByteClass : std::uint8_t {
@@ -37,19 +33,23 @@ enum ByteClass : std::uint8_t {
     NamePart = 4,
     Colon = 8,
     High = 16,  // part of a character outside ASCII
+    TextStop = 32,
+    ValueStop = 64,  // of a value in either kind of quotes
 };
 
 constexpr std::array<std::uint8_t, 256> byteClasses = [] {
     std::array<std::uint8_t, 256> table{};
     const auto set = [&table](std::string_view bytes, int value) {
         for (const char c : bytes) {
-            table[static_cast<unsigned char>(c)] = static_cast<std::uint8_t>(value);
+            table[static_cast<unsigned char>(c)] |= static_cast<std::uint8_t>(value);
         }
     };
     set("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_", NameStart | NamePart);
     set("-.0123456789", NamePart);
     set(":", Colon);
     set(" \t\n\r", Space);
+    set("<&\r", TextStop);
+    set("\"'<&", ValueStop);
     for (std::size_t c = 0x80; c < table.size(); ++c) {
         table[c] = High;
     }
@@ -58,6 +58,30 @@ constexpr std::array<std::uint8_t, 256> byteClasses = [] {
 
 unsigned byteClass(char c) {
     return byteClasses[static_cast<unsigned char>(c)];
+}
+
+char* skipNameBytes(char* p) {
+    while (true) {
+#pragma GCC unroll 8
+        for (int i = 0; i < 8; ++i) {
+            if ((byteClass(p[i]) & NamePart) == 0) {
+                return p + i;  // the padding at the latest
+            }
+        }
+        p += 8;
+    }
+}
+
+/** Skips up to eight bytes that aren't in the class. */
+template <unsigned stops>
+char* skipFew(char* p) {
+#pragma GCC unroll 8
+    for (int i = 0; i < 8; ++i) {
+        if ((byteClass(p[i]) & stops) != 0) {
+            return p + i;
+        }
+    }
+    return p + 8;
 }
 
 std::uint64_t load64(const char* p) {
@@ -75,15 +99,15 @@ std::uint64_t firstBytes(std::uint64_t word, std::uint32_t length) {
     }
 }
 
-/** Equal bytes, of which eight can always be read on both sides. */
+/** Equal bytes, of which eight more can always be read on both sides. Words and no call, so that
+ * callers need no frame. */
 bool equalBytes(const char* a, const char* b, std::uint32_t length) {
-    if (length <= 8) {
-        return firstBytes(load64(a) ^ load64(b), length) == 0;
+    for (; length > 8; length -= 8, a += 8, b += 8) {
+        if (load64(a) != load64(b)) {
+            return false;
+        }
     }
-    if (length <= 16) {
-        return load64(a) == load64(b) && load64(a + length - 8) == load64(b + length - 8);
-    }
-    return std::memcmp(a, b, length) == 0;
+    return firstBytes(load64(a) ^ load64(b), length) == 0;
 }
 
 bool isXmlns(const char* name, std::uint32_t length) {
@@ -97,21 +121,23 @@ void XmlReaderImp::readNextNode() {
     char* const p = cursor_;
     if (p < last_ && !nodePending_) [[likely]] {
         if (*p != '<') {
-            return readText(expandContentReference_, expandCommentReference_);
-        }
-        if (p[1] == '/') {
+            if (expandContentReference_) [[likely]] {
+                return readPlainText(p);
+            }
+        } else if (p[1] == '/') {
             tagStart_ = p;
             return readEndTag(p + 1);
-        }
-        if ((byteClass(p[1]) & NameStart) != 0) [[likely]] {
+        } else if ((byteClass(p[1]) & NameStart) != 0) [[likely]] {
             tagStart_ = p;
-            return readStartTag(p + 1, expandAttributeReference_);
+            return readPlainStartTag(p + 1);
         }
     }
     readNextNode(expandContentReference_, expandAttributeReference_, expandCommentReference_);
 }
 
-void XmlReaderImp::readNextNode(bool expandContent, bool expandAttributes, bool keepComments) {
+// On its own, so that the short way above needs no frame.
+[[gnu::noinline]] void XmlReaderImp::readNextNode(bool expandContent, bool expandAttributes,
+                                                  bool keepComments) {
     if (nodePending_) {
         nodePending_ = false;
         return;
@@ -152,6 +178,37 @@ void XmlReaderImp::readContent(bool expandReferences, bool keepComments) {
     readText(expandReferences, keepComments);
 }
 
+// Short text with nothing special up to a tag.
+inline void XmlReaderImp::readPlainText(char* start) {
+    char* const stop = skipFew<TextStop>(start);
+    if (*stop != '<') [[unlikely]] {
+        return readLongText(start, stop);
+    }
+    finishText(start, stop);
+}
+
+[[gnu::noinline]] void XmlReaderImp::readLongText(char* start, char* from) {
+    finishText(start, xmlscan::scan<xmlscan::ContentStops>(from, last_));
+}
+
+inline void XmlReaderImp::finishText(char* start, char* stop) {
+    if (*stop == '<' && stop < last_ && stop[1] != '!' && stop[1] != '?') [[likely]] {
+        lastNodeType_ = XmlReader::Data;
+        lastContent_ = {start, static_cast<std::uint32_t>(stop - start)};
+        cursor_ = stop;
+        return;
+    }
+    readMixedText(start, stop);
+}
+
+// Text up to a stop that isn't the `<` of a tag.
+[[gnu::noinline]] void XmlReaderImp::readMixedText(char* start, char* stop) {
+    lastNodeType_ = XmlReader::Data;
+    lastContent_ = XmlReaderString();
+    cursor_ = stop <= last_ ? stop : last_ + 1;
+    readMixedContent(start, true, expandCommentReference_);
+}
+
 // At least one byte of content is there; it may be the `<` of a tag.
 void XmlReaderImp::readText(bool expandReferences, bool keepComments) {
     using namespace xmlscan;
@@ -168,17 +225,6 @@ void XmlReaderImp::readText(bool expandReferences, bool keepComments) {
     cursor_ = stop;
     readMixedContent(start, expandReferences, keepComments);
 }
-
-namespace {
-
-char* skipNameBytes(char* p) {
-    while ((byteClass(*p) & NamePart) != 0) {
-        ++p;  // ends at the padding at the latest
-    }
-    return p;
-}
-
-}  // namespace
 
 // Scans a name at `p` and returns the byte behind it. Byte by byte, since most are short, and where
 // they end is something that processors predict well.
@@ -201,86 +247,155 @@ inline char* XmlReaderImp::scanName(char* p, ScannedName& name) {
     return scanOtherName(start, name);
 }
 
+namespace {
+
+/** Skips characters of a name up to the first that ends it or needs a closer look. Only lead bytes
+ * count: what follows one is part of its character. */
+char* skipNameCharacters(char* p, const char* last) {
+    for (; p <= last; ++p) {
+        const auto c = static_cast<unsigned char>(*p);
+        if (c >= 0x80) {
+            const bool two = c >= 0xC2 && c <= 0xDF;
+            // From an E0 a character outside ASCII comes only if more bits are set.
+            const bool three = c >= 0xE0 && c <= 0xEF && (c != 0xE0 || (p[1] & 0x3E) != 0);
+            const std::ptrdiff_t more = two ? 1 : 2;
+            if ((!two && !three) || last - p < more) {
+                break;
+            }
+            p += more;
+        } else if ((byteClass(*p) & (NamePart | Colon)) == 0) {
+            break;
+        }
+    }
+    return p;
+}
+
+}  // namespace
+
 char* XmlReaderImp::scanOtherName(char* p, ScannedName& name) {
+    XmlReaderString qname = {p, 0};
     cursor_ = p;
-    XmlReaderString qname;
-    readName(qname);
-    const auto* colon = static_cast<const char*>(std::memchr(qname.data, ':', qname.length));
-    name = {qname.data, qname.length, 0, 0};
+    bool plain = startsName();
+    if (plain) {
+        cursor_ = skipNameCharacters(cursor_, last_);
+        plain = cursor_ <= last_ && (*cursor_ & 0x80) == 0;
+        qname.length = static_cast<std::uint32_t>(cursor_ - p);
+    }
+    if (!plain) {
+        cursor_ = p;
+        readName(qname);
+    }
+    // A colon counts wherever it stands, inside a malformed character too.
+    const auto* colon = static_cast<const char*>(std::memchr(p, ':', qname.length));
+    name = {p, qname.length, 0, 0};
     if (colon != nullptr) {
-        name.prefixLength = static_cast<std::uint32_t>(colon - qname.data);
+        name.prefixLength = static_cast<std::uint32_t>(colon - p);
         name.localOffset = name.prefixLength + 1;
     }
     return cursor_;
 }
 
+// Whether the character at the cursor may start a name. Moves the cursor.
+bool XmlReaderImp::startsName() {
+    return cursor_ <= last_ && xmlCharacterClass(rduchar()) == XmlCharacterClass::NameStart;
+}
+
 // For prefixes that lie in the buffer: eight bytes can be read at them.
-inline const XmlReaderString& XmlReaderImp::resolvePrefix(const char* prefix,
-                                                          std::uint32_t length) {
+inline XmlReaderString XmlReaderImp::resolvePrefix(const char* prefix, std::uint32_t length) {
     if (length <= 8) [[likely]] {
         const std::uint64_t bytes = firstBytes(load64(prefix), length);
-        const PrefixMemo& memo = prefixMemo_[(bytes + length) % prefixMemo_.size()];
-        if (memo.bytes == bytes && memo.generation == prefixGeneration_ && memo.length == length)
-            [[likely]] {
-            return memo.uri;
+        const PrefixMemo& memo = memoOf(bytes);
+        if (memo.bytes == bytes && memo.length == length) [[likely]] {
+            return {memo.uri, memo.uriLength};
         }
     }
     return lookUpPrefix({prefix, length});
 }
 
-const XmlReaderString& XmlReaderImp::lookUpPrefix(const XmlReaderString& prefix) {
-    if (prefix.length > 8) {
-        longPrefixUri_ = namespaceStack_.getURIForPrefix(prefix);
-        return longPrefixUri_;
+namespace {
+
+bool binds(const XmlReaderNamespaceList& scope, const XmlReaderString& prefix) {
+    return std::any_of(scope.begin(), scope.end(), [&prefix](const XmlReaderNamespace& binding) {
+        return binding.prefix == prefix;
+    });
+}
+
+}  // namespace
+
+XmlReaderString XmlReaderImp::lookUpPrefix(const XmlReaderString& prefix) {
+    const XmlReaderString uri = namespaceStack_.getURIForPrefix(prefix);
+    if (prefix.length <= 8) {
+        const std::uint64_t bytes = firstBytes(load64(prefix.data), prefix.length);
+        memoOf(bytes) = {bytes, uri.data, uri.length, prefix.length};
     }
-    const std::uint64_t bytes = firstBytes(load64(prefix.data), prefix.length);
-    PrefixMemo& memo = prefixMemo_[(bytes + prefix.length) % prefixMemo_.size()];
-    memo = {bytes, prefixGeneration_, namespaceStack_.getURIForPrefix(prefix), prefix.length};
-    return memo.uri;
+    return uri;
+}
+
+// As firstBytes() has it. A program's own prefixes may lie anywhere, not in the buffer.
+inline std::uint64_t XmlReaderImp::prefixBytes(const XmlReaderString& prefix) const {
+    if (prefix.data >= begin_ && prefix.data <= last_) {
+        return firstBytes(load64(prefix.data), prefix.length);
+    }
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, prefix.data, prefix.length);
+    return bytes;
+}
+
+// For a reader with nothing in scope: what nearly every document asks for first.
+void XmlReaderImp::rememberUnboundPrefixes() {
+    constexpr auto xmlns =
+        std::bit_cast<std::uint64_t>(std::array{'x', 'm', 'l', 'n', 's', '\0', '\0', '\0'});
+    memoOf(0) = {0, "", 0, 0};
+    memoOf(xmlns) = {xmlns, "", 0, 5};
+}
+
+[[gnu::noinline]] void XmlReaderImp::forgetPrefixesOf(const XmlReaderNamespaceList& scope) {
+    for (const XmlReaderNamespace& binding : scope) {
+        if (binding.prefix.length <= 8) {
+            memoOf(prefixBytes(binding.prefix)).length = PrefixMemo::unknown;
+        }
+    }
 }
 
 inline XmlReaderName XmlReaderImp::resolveName(const ScannedName& name) {
     return {name.localName(), name.prefix(), resolvePrefix(name.data, name.prefixLength)};
 }
 
-// From the slash on.
+// From the slash on. A name spelled like the one that opened the innermost scope, and closed at
+// once, means the same.
 void XmlReaderImp::readEndTag(char* slash) {
-    cursor_ = slash + 1;
     --depth_;
     lastNodeType_ = XmlReader::EndTag;
-    if (!readRememberedEndTag()) [[unlikely]] {
-        readOtherEndTag();
+    char* const p = slash + 1;
+    const std::uint32_t scope = namespaceStack_.depth() - 1;
+    if (scope >= rememberedDepth) {
+        return readOtherEndTag(p);
     }
+    const OpenName& open = openNames_[scope];
+    const std::uint32_t length = open.length;
+    char* const end = p + length;
+    if (length == 0 || end > last_ || *end != '>' || !equalBytes(p, open.data, length)) {
+        return readOtherEndTag(p);
+    }
+    const std::uint32_t localOffset = open.prefixLength == 0 ? 0 : open.prefixLength + 1;
+    lastName_ = {{open.data + localOffset, length - localOffset},
+                 {open.data, open.prefixLength},
+                 {open.uri, open.uriLength}};
+    cursor_ = end + 1;
+    leaveScope();
 }
 
-void XmlReaderImp::readOtherEndTag() {
+[[gnu::noinline]] void XmlReaderImp::readOtherEndTag(char* p) {
     ScannedName name;
+    cursor_ = p;
     needByte();
-    cursor_ = scanName(cursor_, name);
+    cursor_ = scanName(p, name);
     lastName_ = resolveName(name);
     readS();
     popScope();
     if (rd() != '>') {
         err(here(), message(NOLK_CORE_XML_PARSE_UNEXPECTED_CHAR, "/"));
     }
-}
-
-// A name spelled like the one that opened the innermost scope, and closed at once, means the same.
-inline bool XmlReaderImp::readRememberedEndTag() {
-    const std::uint32_t scope = namespaceStack_.depth() - 1;
-    if (scope >= rememberedDepth) {
-        return false;
-    }
-    const OpenName& open = openNames_[scope];
-    const std::uint32_t length = open.length;
-    char* const end = cursor_ + length;
-    if (length == 0 || end > last_ || *end != '>' || !equalBytes(cursor_, open.data, length)) {
-        return false;
-    }
-    lastName_ = open.name;
-    cursor_ = end + 1;
-    popScope();
-    return true;
 }
 
 inline void XmlReaderImp::pushScope() {
@@ -292,11 +407,116 @@ inline void XmlReaderImp::pushScope() {
 }
 
 inline void XmlReaderImp::popScope() {
-    const std::uint32_t depth = namespaceStack_.depth();
-    if (depth != 0 && namespaceStack_.scope(depth - 1).length() != 0) {
-        forgetPrefixes();
+    if (namespaceStack_.depth() != 0) [[likely]] {
+        leaveScope();
     }
+}
+
+// There is a scope.
+inline void XmlReaderImp::leaveScope() {
     namespaceStack_.popScope();
+    const XmlReaderNamespaceList& scope = namespaceStack_.scope(namespaceStack_.depth());
+    if (scope.length() != 0) [[unlikely]] {
+        forgetPrefixesOf(scope);
+    }
+}
+
+// Scans a name of ASCII characters, of which the first is known to start one, and returns the byte
+// behind it, be that beyond the end: the padding ends any name.
+inline char* XmlReaderImp::scanPlainName(char* p, ScannedName& name) {
+    char* end = skipNameBytes(p + 1);
+    std::uint32_t prefixLength = 0;
+    std::uint32_t localOffset = 0;
+    if (*end == ':') {
+        prefixLength = static_cast<std::uint32_t>(end - p);
+        localOffset = prefixLength + 1;
+        end = skipNameBytes(end + 1);
+    }
+    name = {p, static_cast<std::uint32_t>(end - p), prefixLength, localOffset};
+    return end;
+}
+
+// A tag with nothing special in it, from the name on. Bytes beyond the end are noticed when the tag
+// is done: up to then it would be read the same.
+void XmlReaderImp::readPlainStartTag(char* p) {
+    ScannedName name;
+    p = scanPlainName(p, name);
+    if (p > last_ || (byteClass(*p) & (Colon | High)) != 0) [[unlikely]] {
+        return readStartTag(tagStart_ + 1, expandAttributeReference_);
+    }
+    pushScope();
+    lastAttributes_.clear();
+    prefixedInTag_ = false;
+    for (;;) {
+        if (*p == ' ') {
+            ++p;
+        }
+        const unsigned byte = byteClass(*p);
+        if ((byte & NameStart) != 0) {
+            char* const next = scanPlainAttribute(p);
+            if (next == nullptr) [[unlikely]] {
+                break;
+            }
+            p = next;
+        } else if (*p == '>' && p <= last_) {
+            cursor_ = p + 1;
+            return finishStartTag(name);
+        } else if (*p == '/' && p[1] == '>' && p < last_) {
+            cursor_ = p + 2;
+            lastContent_ = XmlReaderString();
+            return finishEmptyTag(name);
+        } else if ((byte & Space) != 0) {
+            ++p;
+        } else {
+            break;
+        }
+    }
+    leavePlainTag(p, name);
+}
+
+// Reads an attribute and returns the byte behind it, or null if it has something special in it.
+inline char* XmlReaderImp::scanPlainAttribute(char* p) {
+    using namespace xmlscan;
+    ScannedName name;
+    char* const equals = scanPlainName(p, name);
+    if (equals[0] != '=') {
+        return nullptr;
+    }
+    const char quote = equals[1];
+    char* const value = equals + 2;
+    char* stop = nullptr;
+    if (quote != '"' && quote != '\'') {
+        return nullptr;
+    }
+    stop = skipFew<ValueStop>(value);
+    if (*stop != quote) {
+        if (quote == '"') [[likely]] {
+            stop = scan<ValueStops<'"'>>(stop, last_);
+        } else {
+            stop = scan<ValueStops<'\''>>(stop, last_);
+        }
+    }
+    if (*stop != quote) {
+        return nullptr;
+    }
+    XmlReaderAttribute& attribute = lastAttributes_.appendSlot();
+    attribute.name = {name.localName(), name.prefix(), {}};
+    attribute.value = {value, static_cast<std::uint32_t>(stop - value)};
+    prefixedInTag_ |= name.prefixLength != 0;
+    if (std::memcmp(name.data, "xmln", 4) == 0) {
+        noteDeclaration(name, attribute.value);
+    }
+    return stop + 1;
+}
+
+// Goes on carefully where a plain tag meets something special: from `p`, or from the start of the
+// tag if the document ended before.
+void XmlReaderImp::leavePlainTag(char* p, ScannedName name) {
+    if (p <= last_) {
+        return readRestOfTag(p, name, expandAttributeReference_);
+    }
+    popScope();
+    readStartTag(tagStart_ + 1, expandAttributeReference_);
 }
 
 // From the name on.
@@ -306,6 +526,11 @@ void XmlReaderImp::readStartTag(char* p, bool expandAttributes) {
     pushScope();
     lastAttributes_.clear();
     prefixedInTag_ = false;
+    readRestOfTag(p, name, expandAttributes);
+}
+
+// From behind the name or an attribute on.
+void XmlReaderImp::readRestOfTag(char* p, const ScannedName& name, bool expandAttributes) {
     for (;;) {
         if (*p == '>' && p <= last_) {
             cursor_ = p + 1;
@@ -315,7 +540,7 @@ void XmlReaderImp::readStartTag(char* p, bool expandAttributes) {
             ++p;
         }
         if ((byteClass(*p) & NameStart) == 0) {
-            while (byteClass(*p) == Space) {
+            while ((byteClass(*p) & Space) != 0) {
                 ++p;  // ends at the padding at the latest
             }
             if (p > last_) [[unlikely]] {
@@ -324,6 +549,11 @@ void XmlReaderImp::readStartTag(char* p, bool expandAttributes) {
             }
             if (*p == '/') {
                 cursor_ = p + 1;
+                lastNodeType_ = XmlReader::EmptyTag;
+                lastContent_ = XmlReaderString();
+                if (rd() != '>') {
+                    err(here(), message(NOLK_CORE_XML_PARSE_INVALID_SLASH));
+                }
                 return finishEmptyTag(name);
             }
             if (*p == '>') {
@@ -338,23 +568,35 @@ inline void XmlReaderImp::finishStartTag(const ScannedName& name) {
     ++depth_;
     lastNodeType_ = XmlReader::StartTag;
     fixupAttributeURIs();
-    lastName_ = resolveName(name);
+    const XmlReaderString uri = resolvePrefix(name.data, name.prefixLength);
+    lastName_ = {name.localName(), name.prefix(), uri};
     const std::uint32_t scope = namespaceStack_.depth() - 1;
     if (scope < rememberedDepth) {
-        openNames_[scope] = {name.data, name.length, lastName_};
+        // A name that starts with its colon is left to the careful comparison.
+        const bool plain = name.prefixLength != 0 || name.localOffset == 0;
+        openNames_[scope] = {name.data, plain ? name.length : 0, name.prefixLength, uri.data,
+                             uri.length};
     }
 }
 
 inline void XmlReaderImp::finishEmptyTag(const ScannedName& name) {
     lastNodeType_ = XmlReader::EmptyTag;
-    lastContent_ = XmlReaderString();
-    if (rd() != '>') {
-        err(here(), message(NOLK_CORE_XML_PARSE_INVALID_SLASH));
-    }
     fixupAttributeURIs();
     lastName_ = resolveName(name);
     popScope();
 }
+
+namespace {
+
+char* scanValue(char* p, const char* last, char quote, bool expand) {
+    using namespace xmlscan;
+    if (quote == '"') {
+        return expand ? scan<ValueStops<'"'>>(p, last) : scan<RawValueStops<'"'>>(p, last);
+    }
+    return expand ? scan<ValueStops<'\''>>(p, last) : scan<RawValueStops<'\''>>(p, last);
+}
+
+}  // namespace
 
 // Reads an attribute at `p` and returns the byte behind its value.
 inline char* XmlReaderImp::scanAttribute(char* p, bool expand) {
@@ -362,8 +604,8 @@ inline char* XmlReaderImp::scanAttribute(char* p, bool expand) {
     p = scanName(p, name);
     if (p[0] == '=' && (p[1] == '"' || p[1] == '\'')) [[likely]] {
         char* const value = p + 2;
-        char* const stop = xmlscan::scan<AnyValueStops>(value, last_);
-        if (*stop == p[1] && stop <= last_) [[likely]] {
+        char* const stop = scanValue(value, last_, p[1], true);
+        if (*stop == p[1] && stop <= last_) {
             addAttribute(name, {value, static_cast<std::uint32_t>(stop - value)});
             return stop + 1;
         }
@@ -386,18 +628,6 @@ XmlReaderString XmlReaderImp::readAttributeValue(bool expand) {
     }
     return readQuoted(quote, expand);
 }
-
-namespace {
-
-char* scanValue(char* p, const char* last, char quote, bool expand) {
-    using namespace xmlscan;
-    if (quote == '"') {
-        return expand ? scan<ValueStops<'"'>>(p, last) : scan<RawValueStops<'"'>>(p, last);
-    }
-    return expand ? scan<ValueStops<'\''>>(p, last) : scan<RawValueStops<'\''>>(p, last);
-}
-
-}  // namespace
 
 XmlReaderString XmlReaderImp::readQuoted(char quote, bool expand) {
     char* const start = cursor_;
@@ -425,19 +655,30 @@ inline void XmlReaderImp::addAttribute(const ScannedName& name, const XmlReaderS
     XmlReaderAttribute& attribute = lastAttributes_.appendSlot();
     attribute.name = {name.localName(), name.prefix(), {}};
     attribute.value = value;
+    prefixedInTag_ |= name.prefixLength != 0;
+    noteDeclaration(name, value);
+}
+
+// In a tag, whose scope is open. Of two declarations of a prefix there the first one stands.
+inline void XmlReaderImp::declareNamespace(XmlReaderString prefix, XmlReaderString uri) {
+    const XmlReaderNamespaceList& scope = namespaceStack_.scope(namespaceStack_.depth() - 1);
+    const bool news = scope.length() == 0 || !binds(scope, prefix);
+    namespaceStack_.addNamespace({prefix, uri});
+    if (news && prefix.length <= 8) {
+        const std::uint64_t bytes =
+            prefix.length == 0 ? 0 : firstBytes(load64(prefix.data), prefix.length);
+        memoOf(bytes) = {bytes, uri.data, uri.length, prefix.length};
+    }
+}
+
+void XmlReaderImp::noteDeclaration(ScannedName name, XmlReaderString value) {
     if (name.prefixLength != 0) {
-        prefixedInTag_ = true;
         if (isXmlns(name.data, name.prefixLength)) {
             declareNamespace(name.localName(), value);
         }
     } else if (isXmlns(name.data + name.localOffset, name.length - name.localOffset)) {
         declareNamespace({}, value);
     }
-}
-
-void XmlReaderImp::declareNamespace(const XmlReaderString& prefix, const XmlReaderString& uri) {
-    namespaceStack_.addNamespace({prefix, uri});
-    forgetPrefixes();
 }
 
 // A declaration counts for the whole tag, so for attributes in front of it too.

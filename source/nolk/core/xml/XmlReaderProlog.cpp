@@ -53,7 +53,8 @@ void XmlReaderImp::readAndProcessBOM() {
         failPrematureEof();
     }
     contentStart_ = begin_;
-    if (isWhiteSpace(*begin_)) {
+    const bool plain = *begin_ == '<' && begin_[1] != '\0';  // as in no other encoding
+    if (plain || isWhiteSpace(*begin_)) {
         encoding_ = {"UTF-8", 5};
         return;
     }
@@ -74,6 +75,7 @@ void XmlReaderImp::readAndProcessBOM() {
 
 void XmlReaderImp::readProlog() {
     readAndProcessBOM();
+    skipUsualXmlDecl();
     for (;;) {
         readS();
         if (rd() != '<') {
@@ -139,9 +141,6 @@ void XmlReaderImp::readPIOrXmlDecl() {
 
 void XmlReaderImp::readXmlDecl() {
     static constexpr std::string_view versionWord = "version";
-    if (readUsualXmlDecl()) {
-        return;
-    }
     readS();
     if (last_ + 1 - cursor_ < static_cast<std::ptrdiff_t>(versionWord.size()) ||
         std::string_view(cursor_, versionWord.size()) != versionWord) {
@@ -173,16 +172,15 @@ void XmlReaderImp::readXmlDecl() {
 }
 
 // The declaration that most documents have, at a glance, where it confirms what was detected.
-bool XmlReaderImp::readUsualXmlDecl() {
-    static constexpr std::string_view usual = " version=\"1.0\" encoding=\"UTF-8\"?>";
+void XmlReaderImp::skipUsualXmlDecl() {
+    static constexpr std::string_view usual = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
     if (last_ - cursor_ < static_cast<std::ptrdiff_t>(usual.size()) ||
         std::memcmp(cursor_, usual.data(), usual.size()) != 0 || encoding_.view() != "UTF-8") {
-        return false;
+        return;
     }
     version_ = {cursor_ + usual.find("1.0"), 3};
     encodingDeclared_ = true;
     cursor_ += usual.size();
-    return true;
 }
 
 void XmlReaderImp::readDeclaredEncoding() {

@@ -4,11 +4,11 @@
 #include "XmlEscape.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <limits>
 #include <memory>
 #include <stdexcept>
+#include <string>
 #include <utility>
 
 namespace nolk {
@@ -226,12 +226,12 @@ void XmlWriter::writeAttributeParts(std::string_view prefix, std::string_view lo
 const XmlNamespace* XmlWriter::findBinding(const std::string& uri, bool skipDefault) noexcept {
     auto& recent = namespaces_.recent_;
     if (uri.empty()) {
-        if (!skipDefault || !recent.emptyURIUnbound) {
-            const XmlNamespace* found = namespaces_.matchURI(uri, skipDefault);
-            recent.emptyURIUnbound = skipDefault && found == nullptr;
-            return found;
+        if (skipDefault && recent.emptyURIUnbound) {
+            return nullptr;
         }
-        return nullptr;
+        const XmlNamespace* found = namespaces_.matchURI(uri, skipDefault);
+        recent.emptyURIUnbound = found == nullptr;
+        return found;
     }
     const XmlNamespace*& slot = recent.byURI[skipDefault][uri.size() % recent.slots];
     if (slot == nullptr || !xml::equalTexts(slot->getURI(), uri)) {
@@ -257,10 +257,11 @@ std::string_view XmlWriter::elementPrefix(const XmlName& name) noexcept {
     return bound != nullptr ? std::string_view(bound->getPrefix()) : std::string_view();
 }
 
-// "ns1", "ns2" and so on: the first that no scope binds, inner or outer.
-XmlNamespace XmlWriter::generatePrefixForNamespace(const XmlNamespace& ns) const {
-    for (unsigned int number = 1;; ++number) {
-        std::string prefix = "ns" + std::to_string(number);
+// "ns1", "ns2" and so on: the first that no scope binds, inner or outer. Those found bound stay so
+// until a scope goes, and aren't asked for again: an element may need very many.
+XmlNamespace XmlWriter::generatePrefixForNamespace(const XmlNamespace& ns) {
+    for (unsigned int& bound = namespaces_.boundNumbers_;; ++bound) {
+        std::string prefix = "ns" + std::to_string(bound + 1);
         if (namespaces_.matchPrefix(prefix) == nullptr) {
             return XmlNamespace(std::move(prefix), ns.getURI());
         }

@@ -1,0 +1,63 @@
+#ifndef NOLK_CORE_XML_READER_TEXT_H
+#define NOLK_CORE_XML_READER_TEXT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <new>
+#include <utility>
+
+namespace nolk {
+
+/**
+ * Room for the text of a document, shared by a reader and its children.
+ *
+ * Copies share the bytes, and the last one to go frees them. A default-constructed one has none.
+ * All copies belong to one thread at a time, as the readers do that hold them: the count is no
+ * atomic one.
+ */
+class XmlReaderText {
+public:
+    XmlReaderText() noexcept = default;
+
+    /** Room for `length` bytes of any value. Throws std::bad_alloc. */
+    explicit XmlReaderText(std::size_t length)
+        : block_(new (::operator new(sizeof(Block) + length)) Block{1}) {}
+
+    XmlReaderText(const XmlReaderText& other) noexcept : block_(other.block_) {
+        if (block_ != nullptr) {
+            ++block_->users;
+        }
+    }
+    XmlReaderText(XmlReaderText&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
+    XmlReaderText& operator=(XmlReaderText other) noexcept {
+        std::swap(block_, other.block_);
+        return *this;
+    }
+    ~XmlReaderText() {
+        if (block_ != nullptr && --block_->users == 0) {
+            ::operator delete(block_);
+        }
+    }
+
+    /** Lets go of the bytes. */
+    void reset() noexcept { *this = XmlReaderText(); }
+
+    /** The first byte, or null if there are none. */
+    char* get() const noexcept {
+        return block_ == nullptr ? nullptr : reinterpret_cast<char*>(block_ + 1);
+    }
+
+    /** Whether both share the same bytes. */
+    bool operator==(const XmlReaderText& other) const noexcept = default;
+
+private:
+    struct Block {
+        std::uint64_t users;
+    };
+
+    Block* block_ = nullptr;
+};
+
+}  // namespace nolk
+
+#endif
