@@ -1,6 +1,7 @@
 #ifndef NOLK_CORE_XML_READER_TEXT_H
 #define NOLK_CORE_XML_READER_TEXT_H
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <new>
@@ -12,8 +13,7 @@ namespace nolk {
  * Room for the text of a document, shared by a reader and its children.
  *
  * Copies share the bytes, and the last one to go frees them. A default-constructed one has none.
- * All copies belong to one thread at a time, as the readers do that hold them: the count is no
- * atomic one.
+ * Copies may be made and dropped in several threads at once, as the readers that hold them may.
  */
 class XmlReaderText {
 public:
@@ -25,7 +25,7 @@ public:
 
     XmlReaderText(const XmlReaderText& other) noexcept : block_(other.block_) {
         if (block_ != nullptr) {
-            ++block_->users;
+            block_->users.fetch_add(1, std::memory_order_relaxed);
         }
     }
     XmlReaderText(XmlReaderText&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
@@ -34,7 +34,8 @@ public:
         return *this;
     }
     ~XmlReaderText() {
-        if (block_ != nullptr && --block_->users == 0) {
+        if (block_ != nullptr && isLast()) {
+            block_->~Block();
             ::operator delete(block_);
         }
     }
@@ -52,8 +53,14 @@ public:
 
 private:
     struct Block {
-        std::uint64_t users;
+        std::atomic<std::uint64_t> users;
     };
+
+    // The only user needn't count itself out: nobody else can come by the bytes.
+    bool isLast() noexcept {
+        return block_->users.load(std::memory_order_acquire) == 1 ||
+               block_->users.fetch_sub(1, std::memory_order_acq_rel) == 1;
+    }
 
     Block* block_ = nullptr;
 };
