@@ -15,9 +15,11 @@
 #include <optional>
 #include <string>
 
-#include "FailingAllocation.h"
+#include "support/FailingAllocation.h"
 
 namespace nolk {
+
+using namespace test;
 namespace {
 
 const std::string longText(100, 'x');

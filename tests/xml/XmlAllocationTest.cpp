@@ -5,7 +5,7 @@
 #include <nolk/core/XmlReaderAttributeList.h>
 #include <nolk/core/XmlStringWriter.h>
 
-#include "support/AllocationFailure.h"
+#include "support/FailingAllocation.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ namespace nolk {
 namespace {
 
 using test::failEachAllocation;
-using test::liveAllocations;
+using test::FailingAllocation;
 
 // Long enough that no copy of it fits into a string object.
 std::string longText(char c) {
@@ -104,11 +104,12 @@ TEST(XmlAllocation, AttributeSetAssignmentIsAllOrNothing) {
 
 TEST(XmlAllocation, AttributeSetCopyLeaksNothing) {
     const XmlAttributeSet set = sample('a');
-    const long before = liveAllocations();
-    const unsigned long tries = failEachAllocation([&] { const XmlAttributeSet copy(set); },
-                                                   [&] { EXPECT_EQ(liveAllocations(), before); });
+    const long before = FailingAllocation::live();
+    const unsigned long tries =
+        failEachAllocation([&] { const XmlAttributeSet copy(set); },
+                           [&] { EXPECT_EQ(FailingAllocation::live(), before); });
     EXPECT_GT(tries, 0u);
-    EXPECT_EQ(liveAllocations(), before);
+    EXPECT_EQ(FailingAllocation::live(), before);
 }
 
 TEST(XmlAllocation, NamespaceStackCopyAndAssignmentAreAllOrNothing) {
@@ -117,9 +118,10 @@ TEST(XmlAllocation, NamespaceStackCopyAndAssignmentAreAllOrNothing) {
     stack.addNamespace(longNamespace('a'));
     stack.pushScope();
     stack.addNamespace(longNamespace('b'));
-    const long before = liveAllocations();
-    const unsigned long copies = failEachAllocation([&] { const XmlNamespaceStack copy(stack); },
-                                                    [&] { EXPECT_EQ(liveAllocations(), before); });
+    const long before = FailingAllocation::live();
+    const unsigned long copies =
+        failEachAllocation([&] { const XmlNamespaceStack copy(stack); },
+                           [&] { EXPECT_EQ(FailingAllocation::live(), before); });
     EXPECT_GT(copies, 0u);
     XmlNamespaceStack other;
     other.pushScope();
@@ -169,11 +171,12 @@ TEST(XmlAllocation, StringWriterGrowthLosesNothing) {
 
 TEST(XmlAllocation, StringWriterCopyLeaksNothing) {
     const XmlStringWriter writer = sampleWriter();
-    const long before = liveAllocations();
-    const unsigned long tries = failEachAllocation([&] { const XmlStringWriter copy(writer); },
-                                                   [&] { EXPECT_EQ(liveAllocations(), before); });
+    const long before = FailingAllocation::live();
+    const unsigned long tries =
+        failEachAllocation([&] { const XmlStringWriter copy(writer); },
+                           [&] { EXPECT_EQ(FailingAllocation::live(), before); });
     EXPECT_GT(tries, 3u);
-    EXPECT_EQ(liveAllocations(), before);
+    EXPECT_EQ(FailingAllocation::live(), before);
 }
 
 TEST(XmlAllocation, StringWriterAssignmentIsAllOrNothing) {
@@ -210,11 +213,11 @@ TEST(XmlAllocation, WritingADocumentEndsInBadAllocAndLeaksNothing) {
         return writer.getLength();
     };
     document();  // the shared instances are made once and for all
-    const long before = liveAllocations();
-    const unsigned long tries =
-        failEachAllocation([&] { document(); }, [&] { EXPECT_EQ(liveAllocations(), before); });
+    const long before = FailingAllocation::live();
+    const unsigned long tries = failEachAllocation(
+        [&] { document(); }, [&] { EXPECT_EQ(FailingAllocation::live(), before); });
     EXPECT_GT(tries, 10u);
-    EXPECT_EQ(liveAllocations(), before);
+    EXPECT_EQ(FailingAllocation::live(), before);
 }
 
 TEST(XmlAllocation, WritingShortElementsAllocatesNothingOnceWarm) {
@@ -235,11 +238,11 @@ TEST(XmlAllocation, WritingShortElementsAllocatesNothingOnceWarm) {
     };
     writer.writeElementStart(root);
     element();
-    const unsigned long before = test::allocationCount();
+    const long before = FailingAllocation::made();
     for (int i = 0; i < 100; ++i) {
         element();
     }
-    EXPECT_EQ(test::allocationCount(), before);
+    EXPECT_EQ(FailingAllocation::made(), before);
 }
 
 TEST(XmlAllocation, LookingNamesUpAllocatesNothing) {
@@ -250,14 +253,14 @@ TEST(XmlAllocation, LookingNamesUpAllocatesNothing) {
     stack.pushScope();
     stack.addNamespace(longNamespace('a'));
     const std::string prefix = longText('a');
-    const unsigned long before = test::allocationCount();
+    const long before = FailingAllocation::made();
     const bool found = set.contains(name) && set.equalTo(set, XmlAttributeSet::NamesAndValues) &&
                        set.findValueByName(localName, false).empty() && !name.isNull() &&
                        name == set.getIteratorBegin()->getName() && stack == stack &&
                        !stack.getURIForPrefix(prefix).empty() && nolkXmlNameHash(name) != 0 &&
                        set.getDefaultNamespaceAttribute().empty() &&
                        !XmlNamespace::matchXsi(name.getNamespace());
-    const unsigned long after = test::allocationCount();
+    const long after = FailingAllocation::made();
     EXPECT_TRUE(found);
     EXPECT_EQ(after, before);
 }
@@ -273,9 +276,9 @@ TEST(XmlAllocation, ReadingAttributesIntoASetAgainAllocatesNothing) {
     list.append(XmlReaderAttribute{{view(uri), view(local), view(uri)}, view(local)});
     XmlAttributeSet set;
     set.assign(list);
-    const unsigned long before = test::allocationCount();
+    const long before = FailingAllocation::made();
     set.assign(list);
-    EXPECT_EQ(test::allocationCount(), before);
+    EXPECT_EQ(FailingAllocation::made(), before);
     EXPECT_EQ(set.entries(), 2u);
 }
 

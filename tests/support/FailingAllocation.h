@@ -1,12 +1,17 @@
 /** @file
- * Lets the n-th allocation of a thread fail.
+ * A hostile allocator for tests: it counts, and it lets the n-th allocation of a thread fail.
+ *
+ * Linking FailingAllocation.cpp into a program replaces the global operator new and delete. On
+ * Windows a shared library keeps its own, so programs that want the library's allocations to fail
+ * link its objects.
  */
-#ifndef NOLK_TESTS_FOUNDATION_FAILING_ALLOCATION_H
-#define NOLK_TESTS_FOUNDATION_FAILING_ALLOCATION_H
+#ifndef NOLK_TESTS_SUPPORT_FAILING_ALLOCATION_H
+#define NOLK_TESTS_SUPPORT_FAILING_ALLOCATION_H
 
+#include <functional>
 #include <new>
 
-namespace nolk {
+namespace nolk::test {
 
 /**
  * While it lives, the allocation with this number (from 0) of this thread fails, once or, with
@@ -27,6 +32,9 @@ public:
 
     /** The number of allocations that this thread has made. */
     static long made();
+
+    /** The bytes that this thread has asked for. */
+    static unsigned long long bytes();
 };
 
 /** How an operation ended whose n-th allocation was to fail. */
@@ -77,6 +85,22 @@ long failEachAllocation(bool forEver, const Round& round) {
     }
 }
 
-}  // namespace nolk
+/**
+ * Calls `action` with the first allocation failing, then with the second, and so on until it gets
+ * through without a failure. std::bad_alloc may leave it, any other exception goes on to the
+ * caller. `afterFailure` is called after each failed try, with allocations working.
+ * @return the number of tries that failed
+ */
+inline unsigned long failEachAllocation(const std::function<void()>& action,
+                                        const std::function<void()>& afterFailure = {}) {
+    return static_cast<unsigned long>(failEachAllocation(false, [&](FailingRun& run) {
+        run(action);
+        if (run.hasFailed() && afterFailure) {
+            afterFailure();
+        }
+    }));
+}
+
+}  // namespace nolk::test
 
 #endif

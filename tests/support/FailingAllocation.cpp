@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <new>
 
-namespace nolk {
+namespace nolk::test {
 
 namespace {
 
@@ -14,6 +14,7 @@ struct State {
     long left;
     long live;
     long made;
+    unsigned long long bytes;
 };
 
 thread_local State state;
@@ -36,6 +37,7 @@ void* allocate(std::size_t size) noexcept {
     if (block != nullptr) {
         ++state.live;
         ++state.made;
+        state.bytes += size;
     }
     return block;
 }
@@ -80,44 +82,48 @@ long FailingAllocation::made() {
     return state.made;
 }
 
-}  // namespace nolk
+unsigned long long FailingAllocation::bytes() {
+    return state.bytes;
+}
+
+}  // namespace nolk::test
 
 void* operator new(std::size_t size) {
-    return nolk::allocateOrThrow(size);
+    return nolk::test::allocateOrThrow(size);
 }
 
 void* operator new[](std::size_t size) {
-    return nolk::allocateOrThrow(size);
+    return nolk::test::allocateOrThrow(size);
 }
 
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return nolk::allocate(size);
+    return nolk::test::allocate(size);
 }
 
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return nolk::allocate(size);
+    return nolk::test::allocate(size);
 }
 
 void operator delete(void* block) noexcept {
-    nolk::release(block);
+    nolk::test::release(block);
 }
 
 void operator delete[](void* block) noexcept {
-    nolk::release(block);
+    nolk::test::release(block);
 }
 
 void operator delete(void* block, std::size_t) noexcept {
-    nolk::release(block);
+    nolk::test::release(block);
 }
 
 void operator delete[](void* block, std::size_t) noexcept {
-    nolk::release(block);
+    nolk::test::release(block);
 }
 
 void operator delete(void* block, const std::nothrow_t&) noexcept {
-    nolk::release(block);
+    nolk::test::release(block);
 }
 
 void operator delete[](void* block, const std::nothrow_t&) noexcept {
-    nolk::release(block);
+    nolk::test::release(block);
 }
