@@ -471,6 +471,31 @@ TEST(XmlReaderConformance, VeryManyAttributesComeAsASetInTimeInProportion) {
     EXPECT_EQ("2", set.findValueByName("b0", true));
 }
 
+TEST(XmlReaderConformance, VeryManyPrefixesTakeTimeInProportion) {
+    constexpr int count = 40000;
+    std::string declarations;
+    std::string bound;
+    std::string unbound;
+    std::string deep;
+    for (int i = 0; i < count; ++i) {
+        const std::string n = std::to_string(i);
+        declarations += " xmlns:p" + n + "='u' p" + n + ":b=''";
+        bound += "<p" + n + ":a xmlns:q='v'/>";
+        unbound += "<n" + n + ":a/>";
+        deep += std::string("<") + static_cast<char>('a' + i % 26) + ":x>";
+    }
+    for (const std::string& content : {bound, unbound, deep}) {
+        XmlReader reader("<r" + declarations + ">" + content + "<end/>");
+        EXPECT_LT(secondsOf([&] {
+                      while (!reader.eof()) {
+                          reader.readNextNode();
+                      }
+                  }),
+                  10.0);
+        EXPECT_EQ("<end/>", node(reader));
+    }
+}
+
 TEST(XmlReaderConformance, ReadersOverVeryManyElementsWithADeclarationTakeTimeInProportion) {
     constexpr int count = 20000;
     const std::string declarations[] = {"<?xml version='1.0' encoding='ISO-8859-1'?>",

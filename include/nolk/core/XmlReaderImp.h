@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <forward_list>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -137,6 +138,9 @@ private:
         std::uint32_t length;
     };
 
+    /** The bindings of documents with very many prefixes. */
+    class PrefixIndex;
+
     /** Open elements up to this depth are matched with their end tag by a comparison of bytes. */
     static constexpr std::uint32_t rememberedDepth = 6;
 
@@ -190,7 +194,8 @@ private:
     }
     std::uint64_t prefixBytes(const XmlReaderString& prefix) const;
     void rememberUnboundPrefixes();
-    void forgetPrefixesOf(const XmlReaderNamespaceList& scope);
+    void forgetPrefixesOf(std::uint32_t scope);
+    XmlReaderString findPrefix(const XmlReaderString& prefix) const;
     void forgetPrefixes();
     void forgetOpenNames();
     void clearMemory();
@@ -288,6 +293,7 @@ private:
     const char* asciiTo_ = nullptr;  // if set, all before it is ASCII, and so was all behind it
 
     std::forward_list<CountingPointer<XmlNamespace>> ownedNamespaces_;
+    std::unique_ptr<PrefixIndex> prefixIndex_;  // null while walking the scopes is fast
     KeptElement* kept_ = nullptr;
     XmlReader parent_;
 };

@@ -9,6 +9,7 @@
 #include <nolk/core/XmlReaderImp.h>
 #include <nolk/core/xml/XmlReaderBuffer.h>
 #include <nolk/core/xml/XmlReaderKeptElement.h>
+#include <nolk/core/xml/XmlReaderPrefixIndex.h>
 #include <nolk/core/xml/XmlReaderRebase.h>
 
 #include <cstring>
@@ -133,6 +134,7 @@ void XmlReaderImp::failPrematureEof() const {
 }
 
 void XmlReaderImp::forgetPrefixes() {
+    prefixIndex_.reset();
     for (PrefixMemo& memo : prefixMemo_) {
         memo.length = PrefixMemo::unknown;
     }

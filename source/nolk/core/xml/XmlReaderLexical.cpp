@@ -102,11 +102,10 @@ XmlReaderName XmlReaderImp::getXmlName(const XmlReaderString& qname) const {
     const std::string_view text = qname.view();
     const std::size_t colon = text.find(':');
     if (colon == std::string_view::npos) {
-        return {qname, {}, namespaceStack_.getURIForPrefix({})};
+        return {qname, {}, findPrefix({})};
     }
     const XmlReaderString prefix = XmlReaderString::of(text.substr(0, colon));
-    return {XmlReaderString::of(text.substr(colon + 1)), prefix,
-            namespaceStack_.getURIForPrefix(prefix)};
+    return {XmlReaderString::of(text.substr(colon + 1)), prefix, findPrefix(prefix)};
 }
 
 namespace {

@@ -11,6 +11,7 @@
 #include <nolk/core/MessageIds.h>
 #include <nolk/core/XmlReaderImp.h>
 #include <nolk/core/xml/XmlCharacterClass.h>
+#include <nolk/core/xml/XmlReaderPrefixIndex.h>
 #include <nolk/core/xml/XmlScan.h>
 
 #include <algorithm>
@@ -305,7 +306,7 @@ inline XmlReaderString XmlReaderImp::resolvePrefix(const char* prefix, std::uint
     if (length <= 8) [[likely]] {
         const std::uint64_t bytes = firstBytes(load64(prefix), length);
         const PrefixMemo& memo = memoOf(bytes);
-        if (memo.bytes == bytes && memo.length == length) [[likely]] {
+        if (memo.length == length && memo.bytes == bytes) [[likely]] {
             return {memo.uri, memo.uriLength};
         }
     }
@@ -322,8 +323,15 @@ bool binds(const XmlReaderNamespaceList& scope, const XmlReaderString& prefix) {
 
 }  // namespace
 
+XmlReaderString XmlReaderImp::findPrefix(const XmlReaderString& prefix) const {
+    return prefixIndex_ ? prefixIndex_->find(prefix) : namespaceStack_.getURIForPrefix(prefix);
+}
+
 XmlReaderString XmlReaderImp::lookUpPrefix(const XmlReaderString& prefix) {
-    const XmlReaderString uri = namespaceStack_.getURIForPrefix(prefix);
+    if (!prefixIndex_ && PrefixIndex::isWorthIt(namespaceStack_)) [[unlikely]] {
+        prefixIndex_ = std::make_unique<PrefixIndex>(namespaceStack_);
+    }
+    const XmlReaderString uri = findPrefix(prefix);
     if (prefix.length <= 8) {
         const std::uint64_t bytes = firstBytes(load64(prefix.data), prefix.length);
         memoOf(bytes) = {bytes, uri.data, uri.length, prefix.length};
@@ -349,8 +357,12 @@ void XmlReaderImp::rememberUnboundPrefixes() {
     memoOf(xmlns) = {xmlns, "", 0, 5};
 }
 
-[[gnu::noinline]] void XmlReaderImp::forgetPrefixesOf(const XmlReaderNamespaceList& scope) {
-    for (const XmlReaderNamespace& binding : scope) {
+[[gnu::noinline]] void XmlReaderImp::forgetPrefixesOf(std::uint32_t scope) {
+    const XmlReaderNamespaceList& bindings = namespaceStack_.scope(scope);
+    if (prefixIndex_) [[unlikely]] {
+        prefixIndex_->unbind(scope, bindings);
+    }
+    for (const XmlReaderNamespace& binding : bindings) {
         if (binding.prefix.length <= 8) {
             memoOf(prefixBytes(binding.prefix)).length = PrefixMemo::unknown;
         }
@@ -415,8 +427,8 @@ inline void XmlReaderImp::popScope() {
 // There is a scope.
 inline void XmlReaderImp::leaveScope() {
     namespaceStack_.popScope();
-    const XmlReaderNamespaceList& scope = namespaceStack_.scope(namespaceStack_.depth());
-    if (scope.length() != 0) [[unlikely]] {
+    const std::uint32_t scope = namespaceStack_.depth();
+    if (namespaceStack_.scope(scope).length() != 0) [[unlikely]] {
         forgetPrefixesOf(scope);
     }
 }
@@ -496,7 +508,7 @@ inline char* XmlReaderImp::scanPlainAttribute(char* p) {
             stop = scan<ValueStops<'\''>>(stop, last_);
         }
     }
-    if (*stop != quote) {
+    if (*stop != quote || stop > last_) {
         return nullptr;
     }
     XmlReaderAttribute& attribute = lastAttributes_.appendSlot();
@@ -661,13 +673,21 @@ inline void XmlReaderImp::addAttribute(const ScannedName& name, const XmlReaderS
 
 // In a tag, whose scope is open. Of two declarations of a prefix there the first one stands.
 inline void XmlReaderImp::declareNamespace(XmlReaderString prefix, XmlReaderString uri) {
-    const XmlReaderNamespaceList& scope = namespaceStack_.scope(namespaceStack_.depth() - 1);
-    const bool news = scope.length() == 0 || !binds(scope, prefix);
+    const std::uint32_t inner = namespaceStack_.depth() - 1;
+    const XmlReaderNamespaceList& scope = namespaceStack_.scope(inner);
+    // In a tag of very many it isn't worth a search whether this one is the first.
+    const bool few = scope.length() <= PrefixIndex::fewBindings;
+    const bool news = scope.length() == 0 || !few || !binds(scope, prefix);
     namespaceStack_.addNamespace({prefix, uri});
+    if (prefixIndex_) [[unlikely]] {
+        auto index = std::move(prefixIndex_);  // which goes if memory runs out half-way
+        index->bind(inner, {prefix, uri});
+        prefixIndex_ = std::move(index);
+    }
     if (news && prefix.length <= 8) {
         const std::uint64_t bytes =
             prefix.length == 0 ? 0 : firstBytes(load64(prefix.data), prefix.length);
-        memoOf(bytes) = {bytes, uri.data, uri.length, prefix.length};
+        memoOf(bytes) = {bytes, uri.data, uri.length, few ? prefix.length : PrefixMemo::unknown};
     }
 }
 
