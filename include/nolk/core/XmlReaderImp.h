@@ -13,12 +13,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <forward_list>
 #include <memory>
 #include <string>
 #include <string_view>
-
-#include <nolk/core/CountingPointer.h>
 
 namespace nolk {
 
@@ -68,7 +65,7 @@ public:
     bool standaloneDeclared() const { return standaloneDeclared_; }
 
     XmlReader::NodeType lastNodeType() const { return lastNodeType_; }
-    const XmlReaderName& lastName() const { return lastName_; }
+    const XmlReaderName& lastName() const { return *lastName_; }
     const XmlReaderAttributeList& lastAttributes() const { return lastAttributes_; }
     const XmlReaderString& lastContent() const { return lastContent_; }
 
@@ -118,14 +115,11 @@ private:
         XmlReaderString localName() const { return {data + localOffset, length - localOffset}; }
     };
 
-    /** An open element by its qualified name; a length of 0 means that it isn't known. Has no
+    /** The name of an open element, whose prefix, be it empty, stands at its first byte. Has no
      * first value: setting them would cost a short document more than they save. */
-    struct OpenName {
-        const char* data;
-        std::uint32_t length;
-        std::uint32_t prefixLength;
-        const char* uri;
-        std::uint32_t uriLength;
+    union OpenName {
+        OpenName() {}
+        XmlReaderName name;
     };
 
     /** A prefix of up to eight bytes and what it resolved to. */
@@ -141,8 +135,12 @@ private:
     /** The bindings of documents with very many prefixes. */
     class PrefixIndex;
 
+    /** What few readers need. */
+    struct Aside;
+
     /** Open elements up to this depth are matched with their end tag by a comparison of bytes. */
     static constexpr std::uint32_t rememberedDepth = 6;
+    static constexpr std::uint32_t outermostElement = 2;  // the depth of its scope: over the base
 
     void openDocument(const char* text, unsigned length);
 
@@ -212,6 +210,14 @@ private:
     void readStartTag(char* p, bool expandAttributes);
     void readRestOfTag(char* p, const ScannedName& name, bool expandAttributes);
     void finishStartTag(const ScannedName& name);
+    bool isRemembered(std::uint32_t element) const {
+        return element < rememberedDepth && (rememberedNames_ >> element & 1) != 0;
+    }
+    std::uint32_t innermostElement() const { return namespaceStack_.depth() - outermostElement; }
+    void setLastName(const XmlReaderName& name) {
+        otherName_ = name;
+        lastName_ = &otherName_;
+    }
     void finishEmptyTag(const ScannedName& name);
     void readEndTag(char* slash);
     void readOtherEndTag(char* p);
@@ -221,9 +227,9 @@ private:
     char* scanAttribute(char* p, bool expand);
     XmlReaderString readAttributeValue(bool expand);
     XmlReaderString readQuoted(char quote, bool expand);
-    void addAttribute(const ScannedName& name, const XmlReaderString& value);
-    void noteDeclaration(ScannedName name, XmlReaderString value);
-    void declareNamespace(XmlReaderString prefix, XmlReaderString uri);
+    const XmlReaderAttribute& addAttribute(const ScannedName& name, const XmlReaderString& value);
+    void noteDeclaration(const XmlReaderAttribute& attribute);
+    void declareNamespace(const XmlReaderNamespace& binding);
     void fixupAttributeURIs();
     void resolveAttributes();
 
@@ -245,6 +251,8 @@ private:
         return lastNodeType_ == XmlReader::StartTag || lastNodeType_ == XmlReader::EmptyTag;
     }
     Buffer holdFor(const XmlReaderName& name) const;
+    Aside& aside();
+    bool isConverted() const;
     void checkName(const XmlReaderName& expected, const XmlReaderName& found) const;
     char* findElement();
     XmlReaderString finishEmptyElement(const KeptElement& kept);
@@ -267,16 +275,18 @@ private:
     bool encodingDeclared_ = false;
     bool standaloneDeclared_ = false;
     bool nodePending_ = false;
-    bool prefixedInTag_ = false;  // the tag being read has an attribute with a prefix
+    bool prefixedInTag_ = false;        // the tag being read has an attribute with a prefix
+    bool declaredInTag_ = false;        // and this: one that declares a namespace
+    std::uint8_t rememberedNames_ = 0;  // bit i: openNames_[i] is what its element is called
     std::uint32_t originalLength_ = 0;
 
-    XmlReaderName lastName_;
+    const XmlReaderName* lastName_ = &otherName_;  // that or one of openNames_
+    XmlReaderName otherName_;
     XmlReaderString lastContent_;
     XmlReaderAttributeList lastAttributes_;
     XmlReaderNamespaceStack namespaceStack_;
 
-    // Entry d belongs to the scope at depth d + 1 and is set when that scope is opened.
-    std::array<OpenName, rememberedDepth> openNames_;
+    std::array<OpenName, rememberedDepth> openNames_;  // outermost first
     std::array<PrefixMemo, 8> prefixMemo_;  // right at any time: changes of a prefix drop it
 
     XmlReaderString encoding_;
@@ -284,18 +294,8 @@ private:
     XmlReaderString version_;
 
     Buffer buffer_;
-    // The buffer that a transcoding replaced, until the declared encoding is confirmed; or, in a
-    // child over nothing, the parent's buffer with the views that were taken over.
-    Buffer savedBuffer_;
-    char* savedBegin_ = nullptr;
-    char* savedLast_ = nullptr;
-    char* savedContentStart_ = nullptr;
-    const char* asciiTo_ = nullptr;  // if set, all before it is ASCII, and so was all behind it
-
-    std::forward_list<CountingPointer<XmlNamespace>> ownedNamespaces_;
-    std::unique_ptr<PrefixIndex> prefixIndex_;  // null while walking the scopes is fast
     KeptElement* kept_ = nullptr;
-    XmlReader parent_;
+    std::unique_ptr<Aside> aside_;
 };
 
 // The operations of the handle that loops call for each node.

@@ -77,7 +77,7 @@ public:
     }
 
 private:
-    static constexpr std::uint32_t firstScopes = 6;
+    static constexpr std::uint32_t firstScopes = 7;
     static constexpr std::uint32_t firstRoom = 3;  // the document's element declares most
     static constexpr std::uint32_t secondRoom = 2;
 

@@ -1,10 +1,10 @@
 #ifndef NOLK_CORE_XML_READER_SLOTS_H
 #define NOLK_CORE_XML_READER_SLOTS_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <memory>
 #include <new>
 #include <type_traits>
 #include <utility>
@@ -28,17 +28,18 @@ public:
 
     XmlReaderSlots() = default;
     XmlReaderSlots(const XmlReaderSlots& other) { *this = other; }
-    XmlReaderSlots(XmlReaderSlots&& other) noexcept
-        : count_(std::exchange(other.count_, 0)),
-          capacity_(std::exchange(other.capacity_, 0)),
-          slots_(std::exchange(other.slots_, nullptr)),
-          owned_(std::move(other.owned_)) {}
+    XmlReaderSlots(XmlReaderSlots&& other) noexcept { swap(other); }
+    ~XmlReaderSlots() {
+        if (ownsSlots()) {
+            ::operator delete(slots_);
+        }
+    }
 
     XmlReaderSlots& operator=(const XmlReaderSlots& other) {
         if (this != &other) {
             clear();
             if (other.count_ > capacity_) {
-                reserve(other.capacity_);
+                reserve(std::max(other.capacity_, firstCapacity));
             }
             copySlots(slots_, other);
             count_ = other.count_;
@@ -46,11 +47,14 @@ public:
         return *this;
     }
     XmlReaderSlots& operator=(XmlReaderSlots&& other) noexcept {
-        count_ = std::exchange(other.count_, 0);
-        capacity_ = std::exchange(other.capacity_, 0);
-        slots_ = std::exchange(other.slots_, nullptr);
-        owned_ = std::move(other.owned_);
+        XmlReaderSlots taken(std::move(other));
+        swap(taken);
         return *this;
+    }
+    void swap(XmlReaderSlots& other) noexcept {
+        std::swap(count_, other.count_);
+        std::swap(capacity_, other.capacity_);
+        std::swap(slots_, other.slots_);
     }
 
     /** The number of live entries. */
@@ -60,7 +64,8 @@ public:
     std::uint32_t capacity() const { return capacity_; }
 
     /** Lends an unused list its first room, for `capacity` entries; it counts for a list that takes
-     * this one's place by a move too. @pre `room` outlives them and is aligned for entries. */
+     * this one's place by a move too.
+     * @pre `room` outlives them and is aligned for entries; `capacity` is below sixteen. */
     void lendRoom(void* room, std::uint32_t capacity) {
         slots_ = static_cast<T*>(room);
         capacity_ = capacity;
@@ -78,11 +83,22 @@ public:
 
     /** Adds an entry to be filled in place, whose value is unknown. Throws like append(). */
     T& appendSlot() {
+        T& slot = nextSlot();
+        keepNextSlot();
+        return slot;
+    }
+
+    /** The slot that the next entry would take, to be filled before it is known whether it comes to
+     * be one. Throws like append(). */
+    T& nextSlot() {
         if (count_ == capacity_) [[unlikely]] {
             grow();
         }
-        return slots_[count_++];
+        return slots_[count_];
     }
+
+    /** Makes an entry of it. @pre nextSlot() was called since the last change. */
+    void keepNextSlot() { ++count_; }
 
     /** The slot at `index`, without a check.
      * @pre `index` is below length(), or below an earlier length of this list. */
@@ -93,11 +109,9 @@ public:
     const_iterator end() const { return slots_ + count_; }
 
 private:
-    struct Free {
-        void operator()(T* slots) const { ::operator delete(slots); }
-    };
-
     static constexpr std::uint32_t firstCapacity = 16;
+
+    bool ownsSlots() const { return capacity_ >= firstCapacity; }
 
     static void copySlots(T* to, const XmlReaderSlots& from) {
         if (from.count_ != 0) {
@@ -105,22 +119,22 @@ private:
         }
     }
 
-    [[gnu::noinline]] void grow() { reserve(capacity_ == 0 ? firstCapacity : capacity_ * 2); }
+    [[gnu::noinline]] void grow() { reserve(std::max(firstCapacity, capacity_ * 2)); }
 
     // Slots get their first value when they are first used.
     void reserve(std::uint32_t capacity) {
-        std::unique_ptr<T[], Free> slots(
-            static_cast<T*>(::operator new (std::size_t{capacity} * sizeof(T))));
-        copySlots(slots.get(), *this);
-        owned_ = std::move(slots);
-        slots_ = owned_.get();
+        auto* slots = static_cast<T*>(::operator new (std::size_t{capacity} * sizeof(T)));
+        copySlots(slots, *this);
+        if (ownsSlots()) {
+            ::operator delete(slots_);
+        }
+        slots_ = slots;
         capacity_ = capacity;
     }
 
     std::uint32_t count_ = 0;
-    std::uint32_t capacity_ = 0;
-    T* slots_ = nullptr;                // lent or owned
-    std::unique_ptr<T[], Free> owned_;  // null while the room is lent
+    std::uint32_t capacity_ = 0;  // at least firstCapacity if and only if the slots are owned
+    T* slots_ = nullptr;
 };
 
 }  // namespace nolk

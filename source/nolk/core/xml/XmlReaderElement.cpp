@@ -2,6 +2,7 @@
 
 #include <nolk/core/MessageIds.h>
 #include <nolk/core/XmlReaderImp.h>
+#include <nolk/core/xml/XmlReaderAside.h>
 #include <nolk/core/xml/XmlReaderBuffer.h>
 #include <nolk/core/xml/XmlReaderKeptElement.h>
 #include <nolk/core/xml/XmlReaderRebase.h>
@@ -46,12 +47,12 @@ bool XmlReaderImp::isElementNext(const XmlReaderName& expected) {
         readNextNode();
         nodePending_ = true;
     }
-    if (!isStart() || !(name.localName == lastName_.localName)) {
+    if (!isStart() || !(name.localName == lastName().localName)) {
         return false;
     }
     const XmlReaderString uri =
         name.uri.length != 0 ? name.uri : namespaceStack_.getURIForPrefix(name.prefix);
-    return uri == lastName_.uri;
+    return uri == lastName().uri;
 }
 
 const XmlReaderName& XmlReaderImp::readElementStart() {
@@ -62,9 +63,9 @@ const XmlReaderName& XmlReaderImp::readElementStart() {
         readNextNode();
     }
     if (!isStart()) {
-        err(here(), message(NOLK_CORE_XML_PARSE_NO_START_TAG, uniqueName(lastName_)));
+        err(here(), message(NOLK_CORE_XML_PARSE_NO_START_TAG, uniqueName(lastName())));
     }
-    return lastName_;
+    return lastName();
 }
 
 void XmlReaderImp::readElementStart(const XmlReaderName& expected) {
@@ -83,7 +84,7 @@ const XmlReaderName& XmlReaderImp::readElementEnd() {
         lastNodeType_ = XmlReader::EndTag;
         lastContent_ = XmlReaderString();
         nodePending_ = false;
-        return lastName_;
+        return lastName();
     }
     if (nodePending_) {
         nodePending_ = false;
@@ -92,9 +93,9 @@ const XmlReaderName& XmlReaderImp::readElementEnd() {
         readNextNode();
     }
     if (lastNodeType_ != XmlReader::EndTag) {
-        err(here(), message(NOLK_CORE_XML_PARSE_NO_END_TAG, uniqueName(lastName_)));
+        err(here(), message(NOLK_CORE_XML_PARSE_NO_END_TAG, uniqueName(lastName())));
     }
-    return lastName_;
+    return lastName();
 }
 
 void XmlReaderImp::readElementEnd(const XmlReaderName& expected) {
@@ -120,7 +121,7 @@ char* XmlReaderImp::findElement() {
     }
     nodePending_ = false;
     if (wasPending || lastNodeType_ == XmlReader::EmptyTag) {
-        start = cursor_ - (cursor_ - lastName_.localName.data);
+        start = cursor_ - (cursor_ - lastName().localName.data);
         while (start > begin_ && *start != '<') {
             --start;
         }
@@ -161,7 +162,7 @@ XmlReaderString XmlReaderImp::readElement(const XmlReaderName& expected) {
         return {};
     }
     if (name.localName.length != 0) {
-        checkName(name, lastName_);
+        checkName(name, lastName());
     }
     const KeptElement kept(*this, start);
     if (lastNodeType_ == XmlReader::EmptyTag) {
@@ -169,9 +170,9 @@ XmlReaderString XmlReaderImp::readElement(const XmlReaderName& expected) {
     }
     return readToEndOf(kept, [&] {
         if (lastNodeType_ == XmlReader::StartTag) {
-            return lastName_ == kept.name ? 1 : 0;
+            return lastName() == kept.name ? 1 : 0;
         }
-        return lastNodeType_ == XmlReader::EndTag && lastName_ == kept.name ? -1 : 0;
+        return lastNodeType_ == XmlReader::EndTag && lastName() == kept.name ? -1 : 0;
     });
 }
 
@@ -195,7 +196,9 @@ void XmlReaderImp::adoptBuffer(const XmlReaderImp& source) {
     last_ = source.last_;
     contentStart_ = source.contentStart_;
     encoding_ = source.encoding_;
-    asciiTo_ = nullptr;
+    if (aside_) {
+        aside_->asciiTo = nullptr;
+    }
     rebase(move);
 }
 
@@ -205,7 +208,7 @@ void XmlReaderImp::standOn(const XmlReaderString& element) {
     depth_ = 0;
     nodePending_ = false;
     if (element.length == 0) {
-        savedBuffer_ = std::exchange(buffer_, newReaderBuffer(2));
+        aside().savedBuffer = std::exchange(buffer_, newReaderBuffer(2));
         begin_ = contentStart_ = cursor_ = buffer_.get();
         std::memset(begin_, 0, 2);
     } else {
@@ -306,20 +309,20 @@ std::string XmlReaderImp::readWellFormedElement(const XmlReaderName& expected) {
     const std::size_t ending = tagText[tagLength - 1] == '/' ? 1 : 0;
     HoistedTag tag(std::string(tagText.substr(0, tagLength - ending)), namespaceStack_);
     if (name.localName.length != 0) {
-        checkName(name, lastName_);
+        checkName(name, lastName());
     }
     const KeptElement kept(*this, start);
-    tag.addOuter(lastName_, lastAttributes_);
+    tag.addOuter(lastName(), lastAttributes_);
     if (lastNodeType_ == XmlReader::EmptyTag) {
         finishEmptyElement(kept);
         return std::move(tag.text().append("/>"));
     }
     const XmlReaderString element = readToEndOf(kept, [&] {
         if (isStart()) {
-            tag.addInner(lastName_, lastAttributes_);
-            return lastName_ == kept.name ? 1 : 0;  // an empty tag too, which nothing closes
+            tag.addInner(lastName(), lastAttributes_);
+            return lastName() == kept.name ? 1 : 0;  // an empty tag too, which nothing closes
         }
-        return lastNodeType_ == XmlReader::EndTag && lastName_ == kept.name ? -1 : 0;
+        return lastNodeType_ == XmlReader::EndTag && lastName() == kept.name ? -1 : 0;
     });
     return std::move(tag.text().append(">").append(element.view().substr(tagLength + 1)));
 }

@@ -8,6 +8,7 @@
 #include <nolk/core/XmlReaderImp.h>
 #include <nolk/core/xml/CharsetConversion.h>
 #include <nolk/core/xml/Utf8.h>
+#include <nolk/core/xml/XmlReaderAside.h>
 #include <nolk/core/xml/XmlReaderBuffer.h>
 #include <nolk/core/xml/XmlReaderRebase.h>
 
@@ -88,9 +89,9 @@ void XmlReaderImp::transcodeDocument(const XmlReaderString& encoding) {
     if (upperCase == "UTF-8" || upperCase == "US-ASCII") {
         return;
     }
-    const char* from = savedBegin_ != nullptr ? savedBegin_ : begin_;
-    const char* to = savedBegin_ != nullptr ? savedLast_ : last_;
-    if (upperCase == "ISO-8859-1" && savedBegin_ == nullptr && isPlainAscii()) {
+    const char* from = isConverted() ? aside_->savedBegin : begin_;
+    const char* to = isConverted() ? aside_->savedLast : last_;
+    if (upperCase == "ISO-8859-1" && !isConverted() && isPlainAscii()) {
         return;  // the same bytes would come out
     }
     replaceOriginalBuffer(
@@ -119,14 +120,19 @@ std::string XmlReaderImp::convertBytes(const std::string& encoding, const std::s
     err(here(), message(NOLK_CORE_XML_TRANSCODE_FAILED, encoding, failure));
 }
 
+bool XmlReaderImp::isConverted() const {
+    return aside_ && aside_->savedBegin != nullptr;
+}
+
 bool XmlReaderImp::isPlainAscii() {
     // Bytes before the cursor don't change any more, and those behind it haven't changed yet.
-    const char* from = asciiTo_ != nullptr ? asciiTo_ : begin_;
-    const char* to = asciiTo_ != nullptr ? cursor_ - 1 : last_;
+    const char*& asciiTo = aside().asciiTo;
+    const char* from = asciiTo != nullptr ? asciiTo : begin_;
+    const char* to = asciiTo != nullptr ? cursor_ - 1 : last_;
     if (xmlscan::scan<xmlscan::HighStops>(from, to) <= to) {
         return false;
     }
-    asciiTo_ = cursor_;
+    asciiTo = cursor_;
     return true;
 }
 
@@ -138,31 +144,34 @@ void XmlReaderImp::replaceOriginalBuffer(const std::string& converted) {
     char* const last = begin + length - 1;
     char* const start = hasUtf8Mark(begin, last) ? begin + 3 : begin;
     const XmlReaderRebase move(contentStart_, begin_, last_, start, last);
-    if (savedBegin_ == nullptr) {
-        savedBuffer_ = std::move(buffer_);
-        savedBegin_ = begin_;
-        savedLast_ = last_;
-        savedContentStart_ = contentStart_;
+    Aside& saved = aside();
+    if (saved.savedBegin == nullptr) {
+        saved.savedBuffer = std::move(buffer_);
+        saved.savedBegin = begin_;
+        saved.savedLast = last_;
+        saved.savedContentStart = contentStart_;
     }
     buffer_ = std::move(buffer);
     begin_ = begin;
     last_ = last;
     contentStart_ = start;
-    asciiTo_ = nullptr;
+    saved.asciiTo = nullptr;
     rebase(move);
 }
 
 void XmlReaderImp::revertToOriginal() {
-    if (savedBegin_ == nullptr) {
+    if (!isConverted()) {
         return;
     }
-    const XmlReaderRebase move(contentStart_, begin_, last_, savedContentStart_, savedLast_);
-    buffer_ = std::move(savedBuffer_);
-    begin_ = savedBegin_;
-    last_ = savedLast_;
-    contentStart_ = savedContentStart_;
-    savedBegin_ = savedLast_ = savedContentStart_ = nullptr;
-    asciiTo_ = nullptr;
+    Aside& saved = *aside_;
+    const XmlReaderRebase move(contentStart_, begin_, last_, saved.savedContentStart,
+                               saved.savedLast);
+    buffer_ = std::move(saved.savedBuffer);
+    begin_ = saved.savedBegin;
+    last_ = saved.savedLast;
+    contentStart_ = saved.savedContentStart;
+    saved.forgetSaved();
+    saved.asciiTo = nullptr;
     rebase(move);
 }
 
@@ -183,8 +192,9 @@ void XmlReaderImp::applyDeclaredEncoding(XmlReaderString declared) {
             err(here(), message(NOLK_CORE_XML_TRANSCODE_FROM_DECL_FAILED, name));
         }
     }
-    savedBuffer_.reset();
-    savedBegin_ = savedLast_ = savedContentStart_ = nullptr;
+    if (aside_) {
+        aside_->forgetSaved();
+    }
 }
 
 }  // namespace nolk

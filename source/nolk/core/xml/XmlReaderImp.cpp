@@ -7,9 +7,9 @@
 #include <nolk/core/MessageIds.h>
 #include <nolk/core/XmlParseLineColException.h>
 #include <nolk/core/XmlReaderImp.h>
+#include <nolk/core/xml/XmlReaderAside.h>
 #include <nolk/core/xml/XmlReaderBuffer.h>
 #include <nolk/core/xml/XmlReaderKeptElement.h>
-#include <nolk/core/xml/XmlReaderPrefixIndex.h>
 #include <nolk/core/xml/XmlReaderRebase.h>
 
 #include <cstring>
@@ -59,7 +59,7 @@ XmlReaderImp::XmlReaderImp(XmlReaderImp* parent)
       standaloneDeclared_(parent->standaloneDeclared_),
       nodePending_(parent->nodePending_),
       originalLength_(parent->originalLength_),
-      lastName_(parent->lastName_),
+      otherName_(parent->lastName()),
       lastContent_(parent->lastContent_),
       lastAttributes_(parent->lastAttributes_),
       namespaceStack_(parent->namespaceStack_),
@@ -67,25 +67,37 @@ XmlReaderImp::XmlReaderImp(XmlReaderImp* parent)
       standalone_(parent->standalone_),
       version_(parent->version_),
       buffer_(parent->buffer_),
-      asciiTo_(parent->asciiTo_),
-      ownedNamespaces_(parent->ownedNamespaces_),
-      parent_(parent) {
+      aside_(std::make_unique<Aside>()) {
     clearMemory();
+    if (parent->aside_) {
+        aside_->asciiTo = parent->aside_->asciiTo;
+        aside_->ownedNamespaces = parent->aside_->ownedNamespaces;
+    }
+    aside_->parent = XmlReader(parent);
 }
 
 XmlReaderImp::~XmlReaderImp() = default;
 
+XmlReaderImp::Aside& XmlReaderImp::aside() {
+    if (!aside_) {
+        aside_ = std::make_unique<Aside>();
+    }
+    return *aside_;
+}
+
 void XmlReaderImp::cleanup() {
     static char noText[1] = {};
     buffer_.reset();
-    savedBuffer_.reset();
-    begin_ = savedBegin_ = savedLast_ = savedContentStart_ = nullptr;
+    if (aside_) {
+        aside_->forgetSaved();
+        aside_->asciiTo = nullptr;
+    }
+    begin_ = nullptr;
     contentStart_ = last_ = noText;
     cursor_ = noText + 1;
-    asciiTo_ = nullptr;
     encoding_ = standalone_ = version_ = lastContent_ = XmlReaderString();
     tagStart_ = nullptr;
-    lastName_ = XmlReaderName();
+    setLastName(XmlReaderName());
     lastAttributes_.clear();
     setNamespaceStack(XmlReaderNamespaceStack());
     nodePending_ = false;
@@ -134,16 +146,16 @@ void XmlReaderImp::failPrematureEof() const {
 }
 
 void XmlReaderImp::forgetPrefixes() {
-    prefixIndex_.reset();
+    if (aside_) {
+        aside_->prefixIndex.reset();
+    }
     for (PrefixMemo& memo : prefixMemo_) {
         memo.length = PrefixMemo::unknown;
     }
 }
 
 void XmlReaderImp::forgetOpenNames() {
-    for (OpenName& open : openNames_) {
-        open.length = 0;
-    }
+    rememberedNames_ = 0;
 }
 
 void XmlReaderImp::clearMemory() {
@@ -158,8 +170,9 @@ void XmlReaderImp::addNamespace(const XmlReaderNamespace& binding) {
 }
 
 void XmlReaderImp::addNamespace(const XmlNamespace& binding) {
-    ownedNamespaces_.push_front(CountingPointer<XmlNamespace>(new XmlNamespace(binding)));
-    const XmlNamespace& owned = *ownedNamespaces_.front().operator->();
+    auto& all = aside().ownedNamespaces;
+    all.push_front(CountingPointer<XmlNamespace>(new XmlNamespace(binding)));
+    const XmlNamespace& owned = *all.front().operator->();
     addNamespace(XmlReaderNamespace{XmlReaderString::of(owned.getPrefix()),
                                     XmlReaderString::of(owned.getURI())});
 }
@@ -174,7 +187,8 @@ void XmlReaderImp::rebase(const XmlReaderRebase& move) {
     for (XmlReaderString* view : {&encoding_, &standalone_, &version_, &lastContent_}) {
         move(*view);
     }
-    move(lastName_);
+    setLastName(lastName());
+    move(otherName_);
     move(lastAttributes_);
     move(namespaceStack_);
     for (KeptElement* kept = kept_; kept != nullptr; kept = kept->outer) {

@@ -9,7 +9,7 @@ namespace nolk {
 struct XmlReaderImp::KeptElement {
     KeptElement(XmlReaderImp& reader, char* elementStart)
         : start(elementStart),
-          name(reader.lastName_),
+          name(reader.lastName()),
           attributes(reader.lastAttributes_),
           owner(reader),
           outer(reader.kept_) {

@@ -11,7 +11,7 @@
 #include <nolk/core/MessageIds.h>
 #include <nolk/core/XmlReaderImp.h>
 #include <nolk/core/xml/XmlCharacterClass.h>
-#include <nolk/core/xml/XmlReaderPrefixIndex.h>
+#include <nolk/core/xml/XmlReaderAside.h>
 #include <nolk/core/xml/XmlScan.h>
 
 #include <algorithm>
@@ -91,13 +91,20 @@ std::uint64_t load64(const char* p) {
     return bytes;
 }
 
+/** The bits of the first bytes of a word that was loaded from memory, by how many. */
+constexpr std::array<std::uint64_t, 9> firstBytesMasks = [] {
+    std::array<std::uint64_t, 9> masks{};
+    for (std::size_t i = 1; i <= 8; ++i) {
+        const std::uint64_t all = ~std::uint64_t{0};
+        const std::size_t other = 64 - 8 * i;
+        masks[i] = std::endian::native == std::endian::little ? all >> other : all << other;
+    }
+    return masks;
+}();
+
 /** Keeps the first `length` bytes, at most eight, of a word that was loaded from memory. */
 std::uint64_t firstBytes(std::uint64_t word, std::uint32_t length) {
-    if constexpr (std::endian::native == std::endian::little) {
-        return length == 0 ? 0 : word & (~std::uint64_t{0} >> (64 - 8 * length));
-    } else {
-        return length == 0 ? 0 : word & (~std::uint64_t{0} << (64 - 8 * length));
-    }
+    return word & firstBytesMasks[length];
 }
 
 /** Equal bytes, of which eight more can always be read on both sides. Words and no call, so that
@@ -111,8 +118,8 @@ bool equalBytes(const char* a, const char* b, std::uint32_t length) {
     return firstBytes(load64(a) ^ load64(b), length) == 0;
 }
 
-bool isXmlns(const char* name, std::uint32_t length) {
-    return length == 5 && std::memcmp(name, "xmlns", 5) == 0;
+bool isXmlns(const XmlReaderString& name) {
+    return name.length == 5 && std::memcmp(name.data, "xmlns", 5) == 0;
 }
 
 }  // namespace
@@ -324,12 +331,16 @@ bool binds(const XmlReaderNamespaceList& scope, const XmlReaderString& prefix) {
 }  // namespace
 
 XmlReaderString XmlReaderImp::findPrefix(const XmlReaderString& prefix) const {
-    return prefixIndex_ ? prefixIndex_->find(prefix) : namespaceStack_.getURIForPrefix(prefix);
+    return aside_ && aside_->prefixIndex ? aside_->prefixIndex->find(prefix)
+                                         : namespaceStack_.getURIForPrefix(prefix);
 }
 
 XmlReaderString XmlReaderImp::lookUpPrefix(const XmlReaderString& prefix) {
-    if (!prefixIndex_ && PrefixIndex::isWorthIt(namespaceStack_)) [[unlikely]] {
-        prefixIndex_ = std::make_unique<PrefixIndex>(namespaceStack_);
+    if (PrefixIndex::isWorthIt(namespaceStack_)) [[unlikely]] {
+        auto& index = aside().prefixIndex;
+        if (!index) {
+            index = std::make_unique<PrefixIndex>(namespaceStack_);
+        }
     }
     const XmlReaderString uri = findPrefix(prefix);
     if (prefix.length <= 8) {
@@ -359,8 +370,8 @@ void XmlReaderImp::rememberUnboundPrefixes() {
 
 [[gnu::noinline]] void XmlReaderImp::forgetPrefixesOf(std::uint32_t scope) {
     const XmlReaderNamespaceList& bindings = namespaceStack_.scope(scope);
-    if (prefixIndex_) [[unlikely]] {
-        prefixIndex_->unbind(scope, bindings);
+    if (aside_ && aside_->prefixIndex) [[unlikely]] {
+        aside_->prefixIndex->unbind(scope, bindings);
     }
     for (const XmlReaderNamespace& binding : bindings) {
         if (binding.prefix.length <= 8) {
@@ -379,20 +390,19 @@ void XmlReaderImp::readEndTag(char* slash) {
     --depth_;
     lastNodeType_ = XmlReader::EndTag;
     char* const p = slash + 1;
-    const std::uint32_t scope = namespaceStack_.depth() - 1;
-    if (scope >= rememberedDepth) {
+    const std::uint32_t element = innermostElement();
+    if (!isRemembered(element)) {
         return readOtherEndTag(p);
     }
-    const OpenName& open = openNames_[scope];
-    const std::uint32_t length = open.length;
+    const XmlReaderName& name = openNames_[element].name;
+    const char* const start = name.prefix.data;
+    const auto length =
+        static_cast<std::uint32_t>(name.localName.data + name.localName.length - start);
     char* const end = p + length;
-    if (length == 0 || end > last_ || *end != '>' || !equalBytes(p, open.data, length)) {
+    if (end > last_ || *end != '>' || !equalBytes(p, start, length)) {
         return readOtherEndTag(p);
     }
-    const std::uint32_t localOffset = open.prefixLength == 0 ? 0 : open.prefixLength + 1;
-    lastName_ = {{open.data + localOffset, length - localOffset},
-                 {open.data, open.prefixLength},
-                 {open.uri, open.uriLength}};
+    lastName_ = &name;
     cursor_ = end + 1;
     leaveScope();
 }
@@ -402,7 +412,7 @@ void XmlReaderImp::readEndTag(char* slash) {
     cursor_ = p;
     needByte();
     cursor_ = scanName(p, name);
-    lastName_ = resolveName(name);
+    setLastName(resolveName(name));
     readS();
     popScope();
     if (rd() != '>') {
@@ -412,9 +422,9 @@ void XmlReaderImp::readEndTag(char* slash) {
 
 inline void XmlReaderImp::pushScope() {
     namespaceStack_.pushScope();
-    const std::uint32_t scope = namespaceStack_.depth() - 1;
-    if (scope < rememberedDepth) {
-        openNames_[scope].length = 0;
+    const std::uint32_t element = innermostElement();
+    if (element < rememberedDepth) {
+        rememberedNames_ &= static_cast<std::uint8_t>(~(1U << element));
     }
 }
 
@@ -458,7 +468,7 @@ void XmlReaderImp::readPlainStartTag(char* p) {
     }
     pushScope();
     lastAttributes_.clear();
-    prefixedInTag_ = false;
+    prefixedInTag_ = declaredInTag_ = false;
     for (;;) {
         if (*p == ' ') {
             ++p;
@@ -495,28 +505,27 @@ inline char* XmlReaderImp::scanPlainAttribute(char* p) {
         return nullptr;
     }
     const char quote = equals[1];
-    char* const value = equals + 2;
-    char* stop = nullptr;
     if (quote != '"' && quote != '\'') {
         return nullptr;
     }
-    stop = skipFew<ValueStop>(value);
+    char* const value = equals + 2;
+    char* stop = skipFew<ValueStop>(value);
     if (*stop != quote) {
         if (quote == '"') [[likely]] {
             stop = scan<ValueStops<'"'>>(stop, last_);
         } else {
             stop = scan<ValueStops<'\''>>(stop, last_);
         }
+        if (*stop != quote) [[unlikely]] {
+            return nullptr;
+        }
     }
-    if (*stop != quote || stop > last_) {
-        return nullptr;
-    }
-    XmlReaderAttribute& attribute = lastAttributes_.appendSlot();
-    attribute.name = {name.localName(), name.prefix(), {}};
-    attribute.value = {value, static_cast<std::uint32_t>(stop - value)};
-    prefixedInTag_ |= name.prefixLength != 0;
+    const XmlReaderAttribute& attribute =
+        addAttribute(name, {value, static_cast<std::uint32_t>(stop - value)});
     if (std::memcmp(name.data, "xmln", 4) == 0) {
-        noteDeclaration(name, attribute.value);
+        noteDeclaration(attribute);
+    } else {
+        prefixedInTag_ |= name.prefixLength != 0;
     }
     return stop + 1;
 }
@@ -537,7 +546,7 @@ void XmlReaderImp::readStartTag(char* p, bool expandAttributes) {
     p = scanName(p, name);
     pushScope();
     lastAttributes_.clear();
-    prefixedInTag_ = false;
+    prefixedInTag_ = declaredInTag_ = false;
     readRestOfTag(p, name, expandAttributes);
 }
 
@@ -580,21 +589,20 @@ inline void XmlReaderImp::finishStartTag(const ScannedName& name) {
     ++depth_;
     lastNodeType_ = XmlReader::StartTag;
     fixupAttributeURIs();
-    const XmlReaderString uri = resolvePrefix(name.data, name.prefixLength);
-    lastName_ = {name.localName(), name.prefix(), uri};
-    const std::uint32_t scope = namespaceStack_.depth() - 1;
-    if (scope < rememberedDepth) {
-        // A name that starts with its colon is left to the careful comparison.
-        const bool plain = name.prefixLength != 0 || name.localOffset == 0;
-        openNames_[scope] = {name.data, plain ? name.length : 0, name.prefixLength, uri.data,
-                             uri.length};
+    const std::uint32_t element = innermostElement();
+    if (element >= rememberedDepth) {
+        return setLastName(resolveName(name));
     }
+    lastName_ = std::construct_at(&openNames_[element].name, resolveName(name));
+    // A name that starts with its colon is left to the careful comparison.
+    const unsigned plain = name.prefixLength != 0 || name.localOffset == 0 ? 1 : 0;
+    rememberedNames_ |= static_cast<std::uint8_t>(plain << element);
 }
 
 inline void XmlReaderImp::finishEmptyTag(const ScannedName& name) {
     lastNodeType_ = XmlReader::EmptyTag;
     fixupAttributeURIs();
-    lastName_ = resolveName(name);
+    setLastName(resolveName(name));
     popScope();
 }
 
@@ -618,12 +626,12 @@ inline char* XmlReaderImp::scanAttribute(char* p, bool expand) {
         char* const value = p + 2;
         char* const stop = scanValue(value, last_, p[1], true);
         if (*stop == p[1] && stop <= last_) {
-            addAttribute(name, {value, static_cast<std::uint32_t>(stop - value)});
+            noteDeclaration(addAttribute(name, {value, static_cast<std::uint32_t>(stop - value)}));
             return stop + 1;
         }
     }
     cursor_ = p <= last_ ? p : last_ + 1;
-    addAttribute(name, readAttributeValue(expand));
+    noteDeclaration(addAttribute(name, readAttributeValue(expand)));
     return cursor_;
 }
 
@@ -662,48 +670,62 @@ XmlReaderString XmlReaderImp::readQuoted(char quote, bool expand) {
     }
 }
 
-// What the prefix means is settled by fixupAttributeURIs(), when the whole tag is read.
-inline void XmlReaderImp::addAttribute(const ScannedName& name, const XmlReaderString& value) {
+// A prefix means what it means now, unless its declaration follows in the same tag.
+inline const XmlReaderAttribute& XmlReaderImp::addAttribute(const ScannedName& name,
+                                                            const XmlReaderString& value) {
     XmlReaderAttribute& attribute = lastAttributes_.appendSlot();
-    attribute.name = {name.localName(), name.prefix(), {}};
+    attribute.name.localName = name.localName();
+    attribute.name.prefix = name.prefix();
+    attribute.name.uri = {};
     attribute.value = value;
-    prefixedInTag_ |= name.prefixLength != 0;
-    noteDeclaration(name, value);
+    if (name.prefixLength != 0) {
+        attribute.name.uri = resolvePrefix(name.data, name.prefixLength);
+    }
+    return attribute;
+}
+
+void XmlReaderImp::noteDeclaration(const XmlReaderAttribute& attribute) {
+    const XmlReaderName& name = attribute.name;
+    if (isXmlns(name.prefix)) {
+        declareNamespace({name.localName, attribute.value});
+        prefixedInTag_ |= isXmlns(name.localName);  // what declarations themselves mean
+    } else if (name.prefix.length != 0) {
+        prefixedInTag_ = true;
+    } else if (isXmlns(name.localName)) {
+        declareNamespace({{}, attribute.value});
+    }
 }
 
 // In a tag, whose scope is open. Of two declarations of a prefix there the first one stands.
-inline void XmlReaderImp::declareNamespace(XmlReaderString prefix, XmlReaderString uri) {
+void XmlReaderImp::declareNamespace(const XmlReaderNamespace& binding) {
+    const XmlReaderString& prefix = binding.prefix;
     const std::uint32_t inner = namespaceStack_.depth() - 1;
     const XmlReaderNamespaceList& scope = namespaceStack_.scope(inner);
     // In a tag of very many it isn't worth a search whether this one is the first.
     const bool few = scope.length() <= PrefixIndex::fewBindings;
     const bool news = scope.length() == 0 || !few || !binds(scope, prefix);
-    namespaceStack_.addNamespace({prefix, uri});
-    if (prefixIndex_) [[unlikely]] {
-        auto index = std::move(prefixIndex_);  // which goes if memory runs out half-way
-        index->bind(inner, {prefix, uri});
-        prefixIndex_ = std::move(index);
-    }
+    PrefixMemo* memo = nullptr;
     if (news && prefix.length <= 8) {
         const std::uint64_t bytes =
             prefix.length == 0 ? 0 : firstBytes(load64(prefix.data), prefix.length);
-        memoOf(bytes) = {bytes, uri.data, uri.length, few ? prefix.length : PrefixMemo::unknown};
+        memo = &memoOf(bytes);
+        *memo = {bytes, binding.uri.data, binding.uri.length, PrefixMemo::unknown};
     }
-}
-
-void XmlReaderImp::noteDeclaration(ScannedName name, XmlReaderString value) {
-    if (name.prefixLength != 0) {
-        if (isXmlns(name.data, name.prefixLength)) {
-            declareNamespace(name.localName(), value);
-        }
-    } else if (isXmlns(name.data + name.localOffset, name.length - name.localOffset)) {
-        declareNamespace({}, value);
+    namespaceStack_.addNamespace(binding);
+    if (aside_ && aside_->prefixIndex) [[unlikely]] {
+        auto index = std::move(aside_->prefixIndex);  // which goes if memory runs out half-way
+        index->bind(inner, binding);
+        aside_->prefixIndex = std::move(index);
     }
+    if (memo != nullptr && few) {
+        memo->length = prefix.length;
+    }
+    declaredInTag_ = true;
 }
 
 // A declaration counts for the whole tag, so for attributes in front of it too.
 inline void XmlReaderImp::fixupAttributeURIs() {
-    if (prefixedInTag_) {
+    if (prefixedInTag_ && declaredInTag_) [[unlikely]] {
         resolveAttributes();
     }
 }
