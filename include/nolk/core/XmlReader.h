@@ -49,7 +49,12 @@ class XmlReaderImp;
  */
 class NOLK_API XmlReader : public HandleBase {
 public:
-    /** What the reader stands on. `Unknown` before anything is read. */
+    /**
+     * What the reader stands on: `Unknown` before anything is read and never again, then a tag, the
+     * document's element. From there any node may follow any other, as the document has it: that
+     * end tags close what was opened is up to readElementEnd(name). Reading the end of an element,
+     * or all of it, makes an `EndTag` of an empty tag.
+     */
     enum NodeType { StartTag, EndTag, EmptyTag, Data, Unknown };
 
     /** Passed as a name: any element, for readElement(), getElementReader() and
@@ -98,7 +103,8 @@ public:
 
     NodeType getLastNodeType() const;
 
-    /** The name of the last tag; a text doesn't change it. */
+    /** The name of the last tag; a text doesn't change it. The reference of the second form holds
+     * until the next read, what it views as long as the document. */
     XmlName getLastName() const;
     const XmlReaderName& getLastNameI() const;
 

@@ -16,6 +16,11 @@ enum class XmlCharacterClass : std::uint8_t {
 /** The class of any code point; above 0x10FFFF all are illegal. */
 XmlCharacterClass xmlCharacterClass(std::uint32_t codePoint);
 
+/** The white space of markup: a blank, a tab and the two line ends. */
+constexpr bool isXmlSpace(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+
 }  // namespace nolk
 
 #endif

@@ -15,10 +15,6 @@ namespace nolk {
 
 namespace {
 
-bool isWhiteSpace(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
 bool isNameStart(std::uint32_t c) {
     return xmlCharacterClass(c) == XmlCharacterClass::NameStart;
 }
@@ -35,7 +31,7 @@ char XmlReaderImp::rd() {
 }
 
 void XmlReaderImp::readS() {
-    while (cursor_ <= last_ && isWhiteSpace(*cursor_)) {
+    while (cursor_ <= last_ && isXmlSpace(*cursor_)) {
         ++cursor_;
     }
 }

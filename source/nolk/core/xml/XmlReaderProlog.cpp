@@ -2,6 +2,7 @@
 
 #include <nolk/core/MessageIds.h>
 #include <nolk/core/XmlReaderImp.h>
+#include <nolk/core/xml/XmlCharacterClass.h>
 #include <nolk/core/xml/XmlReaderBuffer.h>
 
 #include <algorithm>
@@ -42,10 +43,6 @@ const DetectedEncoding* findEncoding(const DetectedEncoding* first, const Detect
     });
 }
 
-bool isWhiteSpace(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
 }  // namespace
 
 void XmlReaderImp::readAndProcessBOM() {
@@ -54,7 +51,7 @@ void XmlReaderImp::readAndProcessBOM() {
     }
     contentStart_ = begin_;
     const bool plain = *begin_ == '<' && begin_[1] != '\0';  // as in no other encoding
-    if (plain || isWhiteSpace(*begin_)) {
+    if (plain || isXmlSpace(*begin_)) {
         encoding_ = {"UTF-8", 5};
         return;
     }
