@@ -63,6 +63,17 @@ TEST(XmlAllocation, AttributeSetAddIsAllOrNothing) {
     EXPECT_EQ(set.entries(), 3u);
 }
 
+TEST(XmlAllocation, AnAttributeOfShortTextsIsOneAllocation) {
+    const XmlName name("id", XmlNamespace("p", "u"));
+    const std::string value = "1";
+    XmlAttributeSet set;
+    const long before = FailingAllocation::made();
+    set.add(name, value);
+    EXPECT_EQ(FailingAllocation::made(), before + 1);
+    set.add(name, value);
+    EXPECT_EQ(FailingAllocation::made(), before + 1);
+}
+
 TEST(XmlAllocation, AddToALargeAttributeSetIsAllOrNothing) {
     for (const std::size_t entries : {63u, 64u, 65u, 200u}) {
         XmlAttributeSet set;
@@ -234,6 +245,7 @@ TEST(XmlAllocation, WritingShortElementsAllocatesNothingOnceWarm) {
         writer.write(text);
         writer.writeElementEnd(value);
         writer.writeElementStart(value, attributes, true);
+        writer.writeSimpleElement(item, text, XmlName(), false, attributes);
         writer.writeElementEnd(item);
     };
     writer.writeElementStart(root);

@@ -92,6 +92,36 @@ TEST(XmlAttributeSet, AddTellsNamesApartByURI) {
     EXPECT_EQ(dump(set), "p:a=1 p:a=2 a=3");
 }
 
+TEST(XmlAttributeSet, AddLeavesWhatItCopiesAlone) {
+    const std::string text(40, 'x');
+    XmlName name(text, XmlNamespace(text, text));
+    std::string value = text;
+    XmlAttributeSet set;
+    set.add(name, value);
+    EXPECT_EQ(name.getUniqueName(), text + "::" + text);
+    EXPECT_EQ(name.getNamespace().getPrefix(), text);
+    EXPECT_EQ(value, text);
+    set.add(name, "2");
+    EXPECT_EQ(name.getLocalName(), text);
+    set.add(std::move(name), std::move(value));
+    EXPECT_EQ(dump(set), text + ":" + text + "=" + text);
+}
+
+TEST(XmlAttributeSet, AddTakesAMovedNameAsItIs) {
+    XmlName name(std::string(40, 'n'), XmlNamespace("p", std::string(40, 'u')));
+    const char* const storage = name.getLocalName().data();
+    XmlAttributeSet set;
+    set.add(std::move(name), "1");
+    EXPECT_EQ(set.getIteratorBegin()->getName().getLocalName().data(), storage);
+}
+
+TEST(XmlAttributeSet, AddOfAnOwnNameReplacesItsValue) {
+    XmlAttributeSet set = abc();
+    set.add(set.getIteratorBegin()->getName(), "9");
+    set.add(set.getIteratorBegin()->getName(), set.getIteratorBegin()->getValue());
+    EXPECT_EQ(dump(set), "a=9 b=2 c=3");
+}
+
 TEST(XmlAttributeSet, AddOfAnOwnElementIsHarmless) {
     XmlAttributeSet set = abc();
     set.add(*set.getIteratorBegin());

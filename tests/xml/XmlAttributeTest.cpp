@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <utility>
 
 namespace nolk {
@@ -18,6 +19,16 @@ TEST(XmlAttribute, OfANameAndAValue) {
     EXPECT_EQ(attribute.getName().getQualifiedName(), "p:a");
     EXPECT_EQ(attribute.getName().getNamespace().getURI(), "u");
     EXPECT_EQ(attribute.getValue(), "v");
+}
+
+TEST(XmlAttribute, CopiesANameUnlessItMayMoveIt) {
+    XmlName name(std::string(40, 'n'));
+    const char* const storage = name.getLocalName().data();
+    const XmlAttribute copied(name, "v");
+    EXPECT_EQ(copied.getName(), name);
+    EXPECT_NE(copied.getName().getLocalName().data(), storage);
+    const XmlAttribute moved(std::move(name), "v");
+    EXPECT_EQ(moved.getName().getLocalName().data(), storage);
 }
 
 TEST(XmlAttribute, OfALocalNameAValueAndANamespace) {

@@ -5,6 +5,7 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace nolk {
 namespace {
@@ -225,6 +226,105 @@ TEST(XmlStringWriter, AssignmentToItselfDoesNothing) {
     writer = same;
     EXPECT_EQ(writer.getString(), "abc");
     EXPECT_EQ(writer.getBufferLength(), 10u);
+}
+
+using Pieces = std::vector<std::string>;
+
+// A string writer with a sink of its own before the buffer.
+class WatchedWriter : public XmlStringWriter {
+public:
+    void writeToSink(char c) override {
+        pieces.emplace_back(1, c);
+        XmlStringWriter::writeToSink(c);
+    }
+    void writeToSink(const char* data, unsigned int length) override {
+        pieces.emplace_back(data, length);
+        XmlStringWriter::writeToSink(data, length);
+    }
+
+    Pieces pieces;
+};
+
+void writeOrder(XmlStringWriter& writer) {
+    const XmlName order("order", XmlNamespace("o", "urn:shop"));
+    const XmlName note("note", XmlNamespace("o", "urn:shop"));
+    XmlAttributeSet attributes;
+    attributes.add(XmlName("id"), "<7>");
+    writer.writeElementStart(order);
+    writer.writeElementStart(order, attributes);
+    writer.writeSimpleElement(note, "3 < 4", XmlName(), false, attributes);
+    writer.writeElementEnd(order);
+    writer.writeNewLine();
+    writer.writeElementEnd(order);
+}
+
+// As writeOrder() sends it with white space on.
+const Pieces orderPieces = {"<o:order xmlns:o=\"urn:shop\">",
+                            "<o:order",
+                            " id=\"&lt;7&gt;\"",
+                            ">",
+                            "<o:note",
+                            " id=\"&lt;7&gt;\"",
+                            ">",
+                            "3 &lt; 4",
+                            "</o:note>",
+                            "\n",
+                            "</o:order>",
+                            "\n",
+                            "</o:order>"};
+
+TEST(XmlStringWriter, ADerivedSinkGetsEveryPiece) {
+    WatchedWriter writer;
+    writer.setIgnoreWhitespace(false);
+    writeOrder(writer);
+    EXPECT_EQ(writer.pieces, orderPieces);
+}
+
+// What is put together in the buffer at once grows it as if it came piece by piece.
+TEST(XmlStringWriter, GrowsByThePieceThatDoesNotFit) {
+    for (unsigned int room = 0; room <= 200; ++room) {
+        XmlStringWriter writer(5000);
+        writer.setIgnoreWhitespace(false);
+        std::string expected(5000 - room, '#');
+        send(writer, expected);
+        writeOrder(writer);
+        unsigned int capacity = 5000;
+        for (const std::string& piece : orderPieces) {
+            expected += piece;
+            if (expected.size() > capacity) {
+                const std::size_t added = piece == "\n" ? 0 : piece.size();
+                capacity = 2 * (capacity + static_cast<unsigned int>(added));
+            }
+        }
+        ASSERT_EQ(writer.getString(), expected) << room;
+        ASSERT_EQ(writer.getBufferLength(), capacity) << room;
+    }
+}
+
+// Blocks of every size, so that a sanitizer sees a byte written too far.
+TEST(XmlStringWriter, NothingIsWrittenBehindTheBuffer) {
+    const struct {
+        std::string text;
+        bool escape;
+        std::string attribute;
+        std::string expected;
+    } rows[] = {
+        {"text", false, "", "<element x=\"\">text</element>"},
+        {"\r\r\r\r", true, "", "<element x=\"\">&#xD;&#xD;&#xD;&#xD;</element>"},
+        {"&\"'<", true, "", "<element x=\"\">&amp;\"'&lt;</element>"},
+        {"v", true, "\"\"\"'", "<element x=\"&quot;&quot;&quot;&apos;\">v</element>"},
+    };
+    for (const auto& row : rows) {
+        XmlAttributeSet attributes;
+        attributes.add(XmlName("x"), row.attribute);
+        const auto length = static_cast<unsigned int>(row.text.size());
+        for (unsigned int size = 1; size <= 100; ++size) {
+            XmlStringWriter writer(size);
+            writer.writeSimpleElement(XmlName("element"), row.text.data(), length, XmlName(),
+                                      row.escape, false, attributes);
+            ASSERT_EQ(writer.getString(), row.expected) << size;
+        }
+    }
 }
 
 TEST(XmlStringWriter, WritesADocument) {

@@ -51,9 +51,15 @@ private:
 
 using Pieces = std::vector<std::string>;
 
+// What comes out is the same in pieces and in a buffer, with room or without.
 std::string written(const std::function<void(XmlWriter&)>& action) {
     PieceWriter writer;
     action(writer);
+    for (const unsigned int size : {0u, 8u, 64u, 4096u, 100000u}) {
+        XmlStringWriter inMemory(size);
+        action(inMemory);
+        EXPECT_EQ(inMemory.getString(), writer.text()) << size;
+    }
     return writer.text();
 }
 
@@ -1088,30 +1094,167 @@ TEST(XmlWriter, RememberedNamespacesDependOnTheDepthOfTheStack) {
 }
 
 TEST(XmlWriter, FewLookUpsRemainTrueWhenBindingsChange) {
-    PieceWriter writer;
     const XmlName a("a", XmlNamespace("p", "u"));
-    writer.writeElementStart(XmlName("r"));
-    for (int i = 0; i < 2; ++i) {
-        writer.writeElementStart(a);
-        writer.writeElementStart(a, {}, true);
-        writer.addNamespace(XmlNamespace("q", "u"));
-        writer.writeElementStart(a, {}, true);
-        writer.writeElementEnd(a);
-    }
-    EXPECT_EQ(writer.text(),
+    EXPECT_EQ(written([&](XmlWriter& w) {
+                  w.writeElementStart(XmlName("r"));
+                  for (int i = 0; i < 2; ++i) {
+                      w.writeElementStart(a);
+                      w.writeElementStart(a, {}, true);
+                      w.addNamespace(XmlNamespace("q", "u"));
+                      w.writeElementStart(a, {}, true);
+                      w.writeElementEnd(a);
+                  }
+              }),
               "<r><p:a xmlns:p=\"u\"><p:a/><p:a/></p:a><p:a xmlns:p=\"u\"><p:a/><p:a/></p:a>");
 }
 
 TEST(XmlWriter, AnInnerDefaultIsFoundInPlaceOfAnEarlierAnswer) {
-    PieceWriter writer;
     const XmlName a("a", XmlNamespace("p", "u"));
-    writer.writeElementStart(a);
-    writer.writeElementStart(a);
-    writer.addNamespace(XmlNamespace("", "u"));
-    writer.writeElementStart(a, {}, true);
-    writer.writeElementEnd(a);
-    writer.writeElementStart(a, {}, true);
-    EXPECT_EQ(writer.text(), "<p:a xmlns:p=\"u\"><p:a><a/></a><p:a/>");
+    EXPECT_EQ(written([&](XmlWriter& w) {
+                  w.writeElementStart(a);
+                  w.writeElementStart(a);
+                  w.addNamespace(XmlNamespace("", "u"));
+                  w.writeElementStart(a, {}, true);
+                  w.writeElementEnd(a);
+                  w.writeElementStart(a, {}, true);
+              }),
+              "<p:a xmlns:p=\"u\"><p:a><a/></a><p:a/>");
+}
+
+void simple(XmlWriter& writer, const XmlName& name, const XmlAttributeSet& attributes = {}) {
+    writer.writeSimpleElement(name, "v", XmlName(), false, attributes);
+}
+
+TEST(XmlWriter, ABindingIsForgottenWhenItsScopeCloses) {
+    const XmlName a("a", XmlNamespace("p", "u"));
+    EXPECT_EQ(written([&](XmlWriter& w) {
+                  w.writeElementStart(XmlName("r"));
+                  w.writeElementStart(a);
+                  simple(w, a);
+                  w.writeElementEnd(a);
+                  simple(w, a);
+                  simple(w, a);
+              }),
+              "<r><p:a xmlns:p=\"u\"><p:a>v</p:a></p:a>"
+              "<p:a xmlns:p=\"u\">v</p:a><p:a xmlns:p=\"u\">v</p:a>");
+}
+
+TEST(XmlWriter, ABindingOfAnEmptyElementEndsWithIt) {
+    const XmlName a("a", XmlNamespace("p", "u"));
+    EXPECT_EQ(written([&](XmlWriter& w) {
+                  w.writeElementStart(XmlName("r"));
+                  w.writeElementStart(a, {}, true);
+                  w.writeSimpleElement(a, "", XmlName(), false);
+                  simple(w, a);
+              }),
+              "<r><p:a xmlns:p=\"u\"/><p:a xmlns:p=\"u\"/><p:a xmlns:p=\"u\">v</p:a>");
+}
+
+TEST(XmlWriter, ASimpleElementFollowsAShadowingPrefix) {
+    const XmlName a("a", XmlNamespace("p", "u"));
+    const XmlName b("b", XmlNamespace("p", "v"));
+    EXPECT_EQ(written([&](XmlWriter& w) {
+                  w.writeElementStart(a);
+                  simple(w, a);
+                  w.writeElementStart(b);
+                  simple(w, b);
+                  simple(w, a);
+                  w.writeElementEnd(b);
+                  simple(w, b);
+              }),
+              "<p:a xmlns:p=\"u\"><p:a>v</p:a><p:b xmlns:p=\"v\"><p:b>v</p:b><p:a>v</p:a></p:b>"
+              "<p:b xmlns:p=\"v\">v</p:b>");
+}
+
+TEST(XmlWriter, ASimpleElementFollowsAnAddedBinding) {
+    const XmlName a("a", XmlNamespace("p", "u"));
+    EXPECT_EQ(written([&](XmlWriter& w) {
+                  w.writeElementStart(a);
+                  simple(w, a);
+                  w.writeElementStart(XmlName("r"));
+                  w.addNamespace(XmlNamespace("q", "u"));
+                  simple(w, a);
+                  w.addNamespace(XmlNamespace("", "u"));
+                  simple(w, a);
+                  w.writeElementEnd(XmlName("r"));
+                  simple(w, a);
+              }),
+              "<p:a xmlns:p=\"u\"><p:a>v</p:a><r><q:a>v</q:a><a>v</a></r><p:a>v</p:a>");
+}
+
+TEST(XmlWriter, ASimpleElementWithoutPrefixAsksForItsURIAsDefault) {
+    const XmlName outer("a", XmlNamespace("", "u"));
+    const XmlName inner("b", XmlNamespace("", "v"));
+    EXPECT_EQ(written([&](XmlWriter& w) {
+                  w.writeElementStart(outer);
+                  simple(w, outer);
+                  w.writeElementStart(inner);
+                  simple(w, outer);
+                  simple(w, inner);
+                  w.addNamespace(XmlNamespace("p", "u"));
+                  simple(w, outer);
+              }),
+              "<a xmlns=\"u\"><a>v</a><b xmlns=\"v\"><a xmlns=\"u\">v</a><b>v</b>"
+              "<a xmlns=\"u\">v</a>");
+}
+
+TEST(XmlWriter, DeclarationsAreMadeOnElementsThatNeedNone) {
+    const XmlName a("a", XmlNamespace("p", "u"));
+    XmlAttributeSet prefixed;
+    prefixed.add(XmlName("x"), "1");
+    prefixed.addNamespaceAttribute(XmlNamespace("q", "v"));
+    XmlAttributeSet byDefault;
+    byDefault.setDefaultNamespaceAttribute("w");
+    EXPECT_EQ(written([&](XmlWriter& w) {
+                  w.writeElementStart(a);
+                  simple(w, a, prefixed);
+                  simple(w, a, byDefault);
+                  w.writeElementStart(a, byDefault);
+                  simple(w, XmlName("b", XmlNamespace("", "w")));
+              }),
+              "<p:a xmlns:p=\"u\"><p:a xmlns:q=\"v\" x=\"1\">v</p:a><p:a xmlns=\"w\">v</p:a>"
+              "<p:a xmlns=\"w\"><b>v</b>");
+}
+
+TEST(XmlWriter, AnAttributeOfANamespaceOnASimpleElementIsBound) {
+    XmlAttributeSet attributes;
+    attributes.add(XmlName("x"), "1");
+    attributes.add(XmlName("y", XmlNamespace("q", "v")), "2");
+    EXPECT_EQ(written([&](XmlWriter& w) {
+                  w.writeElementStart(XmlName("r"));
+                  simple(w, XmlName("a"), attributes);
+                  w.addNamespace(XmlNamespace("p", "v"));
+                  simple(w, XmlName("a"), attributes);
+              }),
+              "<r><a xmlns:q=\"v\" x=\"1\" q:y=\"2\">v</a><a x=\"1\" p:y=\"2\">v</a>");
+}
+
+TEST(XmlWriter, APrefixBoundToTheEmptyURIReachesSimpleElements) {
+    XmlAttributeSet attributes;
+    attributes.add(XmlName("x"), "1");
+    EXPECT_EQ(written([&](XmlWriter& w) {
+                  w.writeElementStart(XmlName("r"));
+                  simple(w, XmlName("a"), attributes);
+                  w.writeElementStart(XmlName("s"));
+                  w.addNamespace(XmlNamespace("e", ""));
+                  simple(w, XmlName("a"), attributes);
+                  simple(w, XmlName("a"));
+                  w.writeElementEnd(XmlName("s"));
+                  simple(w, XmlName("a"), attributes);
+              }),
+              "<r><a x=\"1\">v</a><s><a e:x=\"1\">v</a><a>v</a></s><a x=\"1\">v</a>");
+}
+
+TEST(XmlWriter, RememberedNamespacesAreDeclaredOnFirstLevelSimpleElementsOnly) {
+    EXPECT_EQ(written([](XmlWriter& w) {
+                  w.addNamespaceDecl(XmlNamespace("p", "u"));
+                  simple(w, XmlName("a"));
+                  simple(w, XmlName("a"));
+                  w.writeElementStart(XmlName("b"));
+                  simple(w, XmlName("a"));
+                  w.writeElementStart(XmlName("a"), {}, true);
+              }),
+              "<a xmlns:p=\"u\">v</a><a xmlns:p=\"u\">v</a><b xmlns:p=\"u\"><a>v</a><a/>");
 }
 
 // ---- types ----
@@ -1233,6 +1376,35 @@ TEST(XmlWriter, SimpleElementWritesItsAttributes) {
     writer.writeSimpleElement("a", "v", "", false, attributes);
     writer.writeSimpleElement("b", "", "", false, attributes);
     EXPECT_EQ(writer.text(), "<a x=\"1\">v</a><b x=\"1\"/>");
+}
+
+TEST(XmlWriter, SimpleElementEscapesItsTextAsToldAndItsAttributesByDefault) {
+    XmlAttributeSet attributes;
+    attributes.add(XmlName("x"), "<&amp;");
+    const XmlName a("a");
+    const XmlName noType;
+    for (const bool byDefault : {true, false}) {
+        const std::string tag = byDefault ? "<a x=\"&lt;&amp;\">" : "<a x=\"<&amp;\">";
+        EXPECT_EQ(written([&](XmlWriter& w) {
+                      w.setMustEscapeTextDefault(byDefault);
+                      w.writeSimpleElement(a, "<&amp;", 6, noType, true, false, attributes);
+                      w.writeSimpleElement(a, "<&amp;", 6, noType, false, false, attributes);
+                  }),
+                  tag + "&lt;&amp;amp;</a>" + tag + "<&amp;</a>");
+    }
+}
+
+TEST(XmlWriter, ASimpleElementIsIndentedOnce) {
+    EXPECT_EQ(written([](XmlWriter& w) {
+                  w.setIgnoreWhitespace(false);
+                  w.writeElementStart(XmlName("r"));
+                  w.incrementIndent();
+                  w.writeNewLine();
+                  simple(w, XmlName("a"));
+                  simple(w, XmlName("a"));
+                  w.writeElementStart(XmlName("b"), {}, true);
+              }),
+              "<r>\n  <a>v</a>\n  <a>v</a>\n  <b/>");
 }
 
 TEST(XmlWriter, SimpleElementWithATextTypeWritesItAsItIs) {

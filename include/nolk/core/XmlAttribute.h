@@ -22,7 +22,8 @@ public:
     /** The null name and an empty value. */
     XmlAttribute() = default;
 
-    XmlAttribute(XmlName name, std::string value)
+    XmlAttribute(const XmlName& name, std::string value) : name_(name), value_(std::move(value)) {}
+    XmlAttribute(XmlName&& name, std::string value)
         : name_(std::move(name)), value_(std::move(value)) {}
 
     XmlAttribute(std::string localName, std::string value, XmlNamespace ns)

@@ -53,7 +53,8 @@ public:
      * prefix as it was stored and its place in the order stay.
      */
     void add(XmlAttribute attribute);
-    void add(XmlName name, std::string value);
+    void add(const XmlName& name, std::string value);
+    void add(XmlName&& name, std::string value);
 
     /**
      * Adds the declaration of the default namespace. An attribute given whole is added under its
@@ -123,6 +124,8 @@ private:
     XmlAttribute* lookUp(std::string_view localName, std::string_view uri) noexcept;
     const XmlAttribute* lookUp(const XmlName& name) const noexcept;
     bool findNamespaceByPrefix(const std::string& prefix, XmlAttribute& out) const;
+    template <class Name>
+    void place(Name&& name, std::string&& value);
     void appendFirstOf(std::list<XmlAttribute>& source);
     void removeAll(std::string_view localName, std::string_view uri);
     void refill(const XmlReaderAttributeList& attributes, std::list<XmlAttribute>& spare);

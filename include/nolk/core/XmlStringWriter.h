@@ -13,7 +13,7 @@ namespace nolk {
  *
  * Growing doubles the buffer at least, so that appending stays cheap. A growth that fails, with
  * std::bad_alloc or beyond 4 GB with std::length_error, loses nothing that was written. Copies
- * have a buffer of their own.
+ * have a buffer of their own. A derived class may override the sink and gets every piece there.
  */
 class NOLK_API XmlStringWriter : public XmlWriter {
 public:
@@ -50,6 +50,8 @@ protected:
     using XmlWriter::writeToSink;
 
 private:
+    friend class XmlWriter;  // puts text together in the buffer
+
     void grow(unsigned int size, const char* data, unsigned int length);
 
     char* buffer_ = nullptr;  ///< array allocation, owned

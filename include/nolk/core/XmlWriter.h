@@ -164,6 +164,7 @@ public:
     /** @} */
 
 private:
+    class Output;
     static const XmlAttributeSet& none() noexcept;
     static const XmlName& noType() noexcept;
     XmlNamespace generatePrefixForNamespace(const XmlNamespace& ns);
@@ -179,7 +180,6 @@ private:
     void writeOpening(std::string_view prefix, const XmlName& name, std::string_view ending);
     void writeAttributeParts(std::string_view prefix, std::string_view localName,
                              std::string_view value, bool escape);
-    void sendPiece(const char* begin, const char* end);
     void writeSimple(const XmlName& name, std::string_view value, bool escape,
                      const XmlAttributeSet& attributes, const XmlName& type);
     void writeSimple(const XmlName& name, std::string_view value, bool escape,

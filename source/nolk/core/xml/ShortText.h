@@ -63,30 +63,36 @@ inline Word wordAt(const char* p) noexcept {
     return word;
 }
 
-/** Whether the first and the last word of n bytes agree, and all between them. */
+/** Whether the first and the last word of n bytes agree. */
 template <class Word>
-inline bool equalWords(const char* a, const char* b, std::size_t n) noexcept {
+inline bool equalBothEnds(const char* a, const char* b, std::size_t n) noexcept {
     const std::size_t last = n - sizeof(Word);
-    Word difference = wordAt<Word>(a + last) ^ wordAt<Word>(b + last);
-    for (std::size_t i = 0; i < last; i += sizeof(Word)) {
-        difference |= wordAt<Word>(a + i) ^ wordAt<Word>(b + i);
-    }
-    return difference == 0;
+    return ((wordAt<Word>(a) ^ wordAt<Word>(b)) |
+            (wordAt<Word>(a + last) ^ wordAt<Word>(b + last))) == 0;
 }
 
 /** Whether both texts have the same bytes. */
 inline bool equalTexts(std::string_view a, std::string_view b) noexcept {
     const std::size_t n = a.size();
+    const char* const p = a.data();
+    const char* const q = b.data();
     if (n != b.size()) {
         return false;
     }
-    if (n >= sizeof(std::uint64_t)) {
-        return equalWords<std::uint64_t>(a.data(), b.data(), n);
+    if (n > 32) {
+        return std::memcmp(p, q, n) == 0;
     }
-    if (n >= sizeof(std::uint32_t)) {
-        return equalWords<std::uint32_t>(a.data(), b.data(), n);
+    if (n >= 16) {
+        return equalBothEnds<std::uint64_t>(p, q, n) &&
+               equalBothEnds<std::uint64_t>(p + 8, q + 8, n - 16);
     }
-    return n == 0 || equalWords<char>(a.data(), b.data(), n);
+    if (n >= 8) {
+        return equalBothEnds<std::uint64_t>(p, q, n);
+    }
+    if (n >= 4) {
+        return equalBothEnds<std::uint32_t>(p, q, n);
+    }
+    return n == 0 || (equalBothEnds<char>(p, q, n) && p[n / 2] == q[n / 2]);
 }
 
 }  // namespace nolk::xml

@@ -87,15 +87,26 @@ XmlAttributeSet& XmlAttributeSet::operator=(XmlAttributeSet&& other) noexcept {
 XmlAttributeSet::~XmlAttributeSet() = default;
 
 void XmlAttributeSet::add(XmlAttribute attribute) {
-    add(std::move(attribute.name_), std::move(attribute.value_));
+    place(std::move(attribute.name_), std::move(attribute.value_));
 }
 
-void XmlAttributeSet::add(XmlName name, std::string value) {
+void XmlAttributeSet::add(const XmlName& name, std::string value) {
+    place(name, std::move(value));
+}
+
+void XmlAttributeSet::add(XmlName&& name, std::string value) {
+    place(std::move(name), std::move(value));
+}
+
+template <class Name>
+inline void XmlAttributeSet::place(Name&& name, std::string&& value) {
     if (XmlAttribute* present = lookUp(name.getLocalName(), name.getNamespace().getURI())) {
         present->value_ = std::move(value);
+    } else if (attributes_.size() < indexedFrom) {
+        attributes_.emplace_back(std::forward<Name>(name), std::move(value));
     } else {
         std::list<XmlAttribute> added;
-        added.emplace_back(std::move(name), std::move(value));
+        added.emplace_back(std::forward<Name>(name), std::move(value));
         appendFirstOf(added);
     }
 }

@@ -29,7 +29,7 @@ constexpr ByteSet byteSet(std::string_view bytes) {
 constexpr ByteSet textSpecials = byteSet("\r&<>");
 constexpr ByteSet attributeSpecials = byteSet("\"&'<>");
 
-const char* findByTable(const ByteSet& specials, const char* p, const char* end) noexcept {
+inline const char* findByTable(const ByteSet& specials, const char* p, const char* end) noexcept {
     while (p != end && !specials[static_cast<unsigned char>(*p)]) {
         ++p;
     }
@@ -79,7 +79,7 @@ unsigned int specialsIn(__m128i block) {
 
 // The last block overlaps the one before it, so that nothing behind `end` is read.
 template <class Specials>
-const char* findByBlock(const char* p, const char* end) noexcept {
+inline const char* findByBlock(const char* p, const char* end) noexcept {
     for (; end - p > blockSize; p += blockSize) {
         if (const unsigned int found = specialsIn<Specials>(load(p))) {
             return p + std::countr_zero(found);
@@ -92,7 +92,7 @@ const char* findByBlock(const char* p, const char* end) noexcept {
 
 // Eight to fifteen bytes make one block: the first eight and the last eight, which overlap.
 template <class Specials>
-const char* findInHalves(const char* p, const char* end) noexcept {
+inline const char* findInHalves(const char* p, const char* end) noexcept {
     constexpr int half = blockSize / 2;
     const __m128i block = _mm_unpacklo_epi64(loadHalf(p), loadHalf(end - half));
     const int found = std::countr_zero(specialsIn<Specials>(block));
@@ -101,7 +101,7 @@ const char* findInHalves(const char* p, const char* end) noexcept {
 }
 
 template <class Specials>
-const char* find(const ByteSet& set, const char* p, const char* end) noexcept {
+inline const char* find(const ByteSet& set, const char* p, const char* end) noexcept {
     if (end - p >= blockSize) {
         return findByBlock<Specials>(p, end);
     }

@@ -1,5 +1,7 @@
 #include <nolk/core/XmlWriter.h>
 
+#include <nolk/core/XmlStringWriter.h>
+
 #include "ShortText.h"
 #include "XmlEscape.h"
 
@@ -7,8 +9,10 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <typeinfo>
 #include <utility>
 
 namespace nolk {
@@ -24,26 +28,62 @@ unsigned int checkedLength(std::size_t length) {
     return static_cast<unsigned int>(length);
 }
 
-// Memory to put one piece of output together, on the stack for short ones.
-class Scratch {
-public:
-    explicit Scratch(std::uint64_t size)
-        : heap_(size > sizeof stack_ ? new char[static_cast<std::size_t>(size)] : nullptr) {}
+// The put functions write at `out`, which has the room that the matching size function tells, and
+// give the end of what they wrote.
 
-    char* begin() { return heap_ ? heap_.get() : stack_; }
-
-private:
-    char stack_[1024];
-    std::unique_ptr<char[]> heap_;
-};
+std::uint64_t nameSize(std::string_view prefix, std::string_view localName) {
+    return std::uint64_t{prefix.size()} + 1 + localName.size();
+}
 
 // "prefix:local", or "local".
-char* appendName(char* out, std::string_view prefix, std::string_view localName) {
+char* putName(char* out, std::string_view prefix, std::string_view localName) {
     if (!prefix.empty()) {
         out = append(append(out, prefix), ':');
     }
     return append(out, localName);
 }
+
+std::uint64_t textSize(std::size_t length, bool escape) {
+    return std::uint64_t{length} * (escape ? xml::textExpansion : 1);
+}
+
+char* putText(char* out, std::string_view text, bool escape) {
+    return escape ? xml::escapeText(text.data(), text.data() + text.size(), out)
+                  : append(out, text);
+}
+
+std::uint64_t attributeSize(std::string_view prefix, std::string_view localName,
+                            std::string_view value, bool escape) {
+    return nameSize(prefix, localName) + sizeof " =\"\"" +
+           std::uint64_t{value.size()} * (escape ? xml::attributeExpansion : 1);
+}
+
+char* putAttribute(char* out, std::string_view prefix, std::string_view localName,
+                   std::string_view value, bool escape) {
+    out = append(putName(append(out, ' '), prefix, localName), "=\"");
+    out = escape ? xml::escapeAttribute(value.data(), value.data() + value.size(), out)
+                 : append(out, value);
+    return append(out, '"');
+}
+
+std::uint64_t endSize(std::string_view prefix, std::string_view localName) {
+    return nameSize(prefix, localName) + 3;
+}
+
+char* putEnd(char* out, std::string_view prefix, std::string_view localName) {
+    return append(putName(append(out, "</"), prefix, localName), '>');
+}
+
+std::string_view prefixOf(const XmlNamespace* bound) {
+    return bound != nullptr ? std::string_view(bound->getPrefix()) : std::string_view();
+}
+
+std::string_view tagEnding(bool isEmpty) {
+    return isEmpty ? "/>" : ">";
+}
+
+// The depth of the scopes of the outermost elements, above the base scope.
+constexpr std::size_t firstLevel = 2;
 
 constexpr std::string_view xmlns = "xmlns";
 
@@ -80,12 +120,88 @@ void forEachPlain(const XmlAttributeSet& attributes, const std::string* type, Vi
     }
 }
 
+// A tag that declares nothing and whose attributes are in no namespace, as most are. It needs no
+// look at the scopes but for the prefix, and a string writer takes it at once.
+struct PlainTag {
+    std::string_view prefix;
+    std::string_view localName;
+    const XmlAttributeSet& attributes;
+    bool escape;
+    std::uint64_t size;  // of all of it at most, whichever its ending is
+
+    // All but the ending.
+    char* put(char* out) const {
+        out = putName(append(out, '<'), prefix, localName);
+        for (auto it = attributes.getIteratorBegin(); it != attributes.getIteratorEnd(); ++it) {
+            out = putAttribute(out, {}, it->getName().getLocalName(), it->getValue(), escape);
+        }
+        return out;
+    }
+};
+
 unsigned int movedIndent(unsigned int indent, std::int64_t step) {
     constexpr std::int64_t largest = std::numeric_limits<unsigned int>::max();
     return static_cast<unsigned int>(std::clamp<std::int64_t>(indent + step, 0, largest));
 }
 
 }  // namespace
+
+// Where output is put together. In a string writer that is its own buffer, behind what it holds
+// already, as long as that has the room; for other sinks it is memory to send pieces from.
+class XmlWriter::Output {
+public:
+    // A class derived from the string writer may have a sink of its own, so that it counts as such.
+    explicit Output(XmlWriter& writer) noexcept
+        : writer_(writer),
+          buffer_(&typeid(writer) == &typeid(XmlStringWriter)
+                      ? static_cast<XmlStringWriter*>(&writer)
+                      : nullptr) {}
+
+    // Has `compose` write at most `size` bytes in the string writer's buffer: it takes the place
+    // to write at and gives the end of what it wrote. False, and nothing done, without the room.
+    template <class Compose>
+    bool writeInPlace(std::uint64_t size, Compose compose) {
+        if (buffer_ == nullptr || size > buffer_->capacity_ - buffer_->length_) {
+            return false;
+        }
+        const char* const end = compose(buffer_->buffer_ + buffer_->length_);
+        buffer_->length_ = static_cast<unsigned int>(end - buffer_->buffer_);
+        return true;
+    }
+
+    // The same for one piece, and wherever it goes.
+    template <class Compose>
+    void send(std::uint64_t size, Compose compose) {
+        if (!writeInPlace(size, compose)) {
+            sendFromScratch(size, compose);
+        }
+    }
+
+    bool writePlainTag(const XmlName& name, const XmlAttributeSet& attributes, bool isEmpty,
+                       const XmlName& typeName);
+    bool writePlainElement(const XmlName& name, std::string_view value, bool escape,
+                           const XmlAttributeSet& attributes, const XmlName& typeName);
+
+private:
+    // Short pieces are put together on the stack.
+    template <class Compose>
+    void sendFromScratch(std::uint64_t size, Compose compose) {
+        char stack[1024];
+        std::unique_ptr<char[]> heap;
+        if (size > sizeof stack) {
+            heap.reset(new char[static_cast<std::size_t>(size)]);
+        }
+        char* const begin = heap ? heap.get() : stack;
+        const char* const end = compose(begin);
+        writer_.writeToSink(begin, checkedLength(static_cast<std::size_t>(end - begin)));
+    }
+
+    std::optional<PlainTag> plainTag(const XmlName& name, const XmlAttributeSet& attributes,
+                                     const XmlName& typeName, std::size_t depth) noexcept;
+
+    XmlWriter& writer_;
+    XmlStringWriter* buffer_;
+};
 
 XmlWriter::XmlWriter() {
     namespaces_.pushScope();
@@ -156,10 +272,9 @@ void XmlWriter::write(const char* text, unsigned int length, bool escape) {
         return;
     }
     const auto plain = static_cast<std::size_t>(special - text);
-    Scratch scratch(plain + std::uint64_t{xml::textExpansion} * (length - plain));
-    char* const begin = scratch.begin();
-    char* const last = xml::escapeText(special, end, append(begin, {text, plain}));
-    sendPiece(begin, last);
+    Output(*this).send(plain + textSize(length - plain, true), [=](char* out) {
+        return xml::escapeText(special, end, append(out, {text, plain}));
+    });
 }
 
 void XmlWriter::write(const std::string& text, bool escape) {
@@ -209,21 +324,15 @@ void XmlWriter::writeAttribute(const XmlName& name, const std::string& value) {
 void XmlWriter::writeAttributeParts(std::string_view prefix, std::string_view localName,
                                     std::string_view value, bool escape) {
     writeIndentChars();
-    const char* const end = value.data() + value.size();
-    const char* const special = escape ? xml::findAttributeSpecial(value.data(), end) : end;
-    const auto plain = static_cast<std::size_t>(special - value.data());
-    Scratch scratch(std::uint64_t{prefix.size()} + localName.size() + 5 + plain +
-                    std::uint64_t{xml::attributeExpansion} * (value.size() - plain));
-    char* const begin = scratch.begin();
-    char* out = appendName(append(begin, ' '), prefix, localName);
-    out = append(append(out, "=\""), value.substr(0, plain));
-    out = append(xml::escapeAttribute(special, end, out), '"');
-    sendPiece(begin, out);
+    Output(*this).send(attributeSize(prefix, localName, value, escape), [=](char* out) {
+        return putAttribute(out, prefix, localName, value, escape);
+    });
 }
 
 // What the stack finds for a URI. Element after element asks for the same few, so that the answer
 // mostly costs one comparison with an earlier one.
-const XmlNamespace* XmlWriter::findBinding(const std::string& uri, bool skipDefault) noexcept {
+inline const XmlNamespace* XmlWriter::findBinding(const std::string& uri,
+                                                  bool skipDefault) noexcept {
     auto& recent = namespaces_.recent_;
     if (uri.empty()) {
         if (skipDefault && recent.emptyURIUnbound) {
@@ -251,10 +360,9 @@ const std::string& XmlWriter::defaultURI() noexcept {
 }
 
 // The prefix that stands for the URI here, whatever the name's own prefix is.
-std::string_view XmlWriter::elementPrefix(const XmlName& name) noexcept {
+inline std::string_view XmlWriter::elementPrefix(const XmlName& name) noexcept {
     const std::string& uri = name.getNamespace().getURI();
-    const XmlNamespace* bound = uri.empty() ? nullptr : findBinding(uri, false);
-    return bound != nullptr ? std::string_view(bound->getPrefix()) : std::string_view();
+    return prefixOf(uri.empty() ? nullptr : findBinding(uri, false));
 }
 
 // "ns1", "ns2" and so on: the first that no scope binds, inner or outer. Those found bound stay so
@@ -344,18 +452,20 @@ std::string XmlWriter::declareType(const XmlName& typeName) {
 void XmlWriter::writeElementStart(const XmlName& name, const XmlAttributeSet& attributes,
                                   bool isEmpty, const XmlName& typeName) {
     namespaces_.pushScope();
-    processNamespaceDecls(attributes);
-    if (namespaces_.depth() == 2) {
-        for (const XmlNamespace& ns : namespaceDecls_) {
-            addNamespaceToScopeIfNecessary(ns, false);
+    if (!Output(*this).writePlainTag(name, attributes, isEmpty, typeName)) {
+        processNamespaceDecls(attributes);
+        if (namespaces_.depth() == firstLevel) {
+            for (const XmlNamespace& ns : namespaceDecls_) {
+                addNamespaceToScopeIfNecessary(ns, false);
+            }
         }
-    }
-    const XmlNamespace* bound = addNamespaceToScopeIfNecessary(name.getNamespace(), false);
-    if (typeName.getLocalName().empty()) {
-        writeTag(name, bound, attributes, isEmpty, nullptr);
-    } else {
-        const std::string type = declareType(typeName);
-        writeTag(name, nullptr, attributes, isEmpty, &type);
+        const XmlNamespace* bound = addNamespaceToScopeIfNecessary(name.getNamespace(), false);
+        if (typeName.getLocalName().empty()) {
+            writeTag(name, bound, attributes, isEmpty, nullptr);
+        } else {
+            const std::string type = declareType(typeName);
+            writeTag(name, nullptr, attributes, isEmpty, &type);
+        }
     }
     if (isEmpty) {
         namespaces_.popScope();
@@ -370,64 +480,118 @@ void XmlWriter::writeTag(const XmlName& name, const XmlNamespace* bound,
         addNamespaceToScopeIfNecessary(attribute.getNamespace(), true);
         bare = false;
     });
-    const std::string_view ending = std::string_view("/>").substr(isEmpty ? 0 : 1);
+    const std::string_view ending = tagEnding(isEmpty);
     if (bare) {
-        writeOpening(bound != nullptr ? bound->getPrefix() : elementPrefix(name), name, ending);
+        writeOpening(bound != nullptr ? prefixOf(bound) : elementPrefix(name), name, ending);
         return;
     }
     writeOpening(elementPrefix(name), name, {});
     forEachPlain(attributes, type, [this](const XmlName& attribute, const std::string& value) {
-        const XmlNamespace* bound = findBinding(attribute.getNamespace().getURI(), true);
-        writeAttributeParts(
-            bound != nullptr ? std::string_view(bound->getPrefix()) : std::string_view(),
-            attribute.getLocalName(), value, mustEscapeTextDefault_);
+        writeAttributeParts(prefixOf(findBinding(attribute.getNamespace().getURI(), true)),
+                            attribute.getLocalName(), value, mustEscapeTextDefault_);
     });
-    writeToSink(ending.data(), static_cast<unsigned int>(ending.size()));
-}
-
-void XmlWriter::sendPiece(const char* begin, const char* end) {
-    writeToSink(begin, checkedLength(static_cast<std::size_t>(end - begin)));
+    Output(*this).send(ending.size(), [=](char* out) { return append(out, ending); });
 }
 
 // "<", the name and the declarations of the innermost scope; `ending` in the same piece.
 void XmlWriter::writeOpening(std::string_view prefix, const XmlName& name,
                              std::string_view ending) {
-    std::uint64_t size = 2 + prefix.size() + name.getLocalName().size() + ending.size();
+    const std::string_view localName = name.getLocalName();
     const XmlNamespaceStack::Scope& declarations = *namespaces_.innermost_;
+    std::uint64_t size = 1 + nameSize(prefix, localName) + ending.size();
     for (const XmlNamespace& ns : declarations) {
         size += sizeof " xmlns:=\"\"" + ns.getPrefix().size() + ns.getURI().size();
     }
-    Scratch scratch(size);
-    char* const begin = scratch.begin();
-    char* out = appendName(append(begin, '<'), prefix, name.getLocalName());
-    for (const XmlNamespace& ns : declarations) {
-        out = append(out, " xmlns");
-        if (!ns.getPrefix().empty()) {
-            out = append(append(out, ':'), ns.getPrefix());
-        }
-        out = append(append(append(out, "=\""), ns.getURI()), '"');
-    }
-    out = append(out, ending);
     writeIndentChars();
-    sendPiece(begin, out);
+    Output(*this).send(size, [&](char* out) {
+        out = putName(append(out, '<'), prefix, localName);
+        for (const XmlNamespace& ns : declarations) {
+            out = append(out, " xmlns");
+            if (!ns.getPrefix().empty()) {
+                out = append(append(out, ':'), ns.getPrefix());
+            }
+            out = append(append(append(out, "=\""), ns.getURI()), '"');
+        }
+        return append(out, ending);
+    });
+}
+
+// The tag of an element at this depth if it is plain and may be written in place.
+inline std::optional<PlainTag> XmlWriter::Output::plainTag(const XmlName& name,
+                                                           const XmlAttributeSet& attributes,
+                                                           const XmlName& typeName,
+                                                           std::size_t depth) noexcept {
+    const bool declaresRemembered = depth == firstLevel && !writer_.namespaceDecls_.empty();
+    if (buffer_ == nullptr || declaresRemembered || !typeName.getLocalName().empty()) {
+        return {};
+    }
+    PlainTag tag{{}, name.getLocalName(), attributes, writer_.mustEscapeTextDefault_, 0};
+    const XmlNamespace& ns = name.getNamespace();
+    if (!ns.getURI().empty()) {
+        const XmlNamespace* const bound = writer_.findBinding(ns.getURI(), false);
+        if (bound == nullptr || (ns.getPrefix().empty() && ns.getURI() != writer_.defaultURI())) {
+            return {};
+        }
+        tag.prefix = bound->getPrefix();
+    }
+    tag.size = nameSize(tag.prefix, tag.localName) + sizeof "</>";
+    for (auto it = attributes.getIteratorBegin(); it != attributes.getIteratorEnd(); ++it) {
+        const XmlName& attribute = it->getName();
+        if (!attribute.getNamespace().empty() || attribute.getLocalName() == xmlns ||
+            writer_.findBinding(XmlAttributeSet::EmptyString, true) != nullptr) {
+            return {};
+        }
+        tag.size += attributeSize({}, attribute.getLocalName(), it->getValue(), tag.escape);
+    }
+    return tag;
+}
+
+// The scope of the element is open.
+bool XmlWriter::Output::writePlainTag(const XmlName& name, const XmlAttributeSet& attributes,
+                                      bool isEmpty, const XmlName& typeName) {
+    const auto tag = plainTag(name, attributes, typeName, writer_.namespaces_.depth());
+    if (!tag) {
+        return false;
+    }
+    writer_.writeIndentChars();
+    return writeInPlace(tag->size,
+                        [&](char* out) { return append(tag->put(out), tagEnding(isEmpty)); });
+}
+
+// The whole element. As it declares nothing it needs no scope.
+bool XmlWriter::Output::writePlainElement(const XmlName& name, std::string_view value, bool escape,
+                                          const XmlAttributeSet& attributes,
+                                          const XmlName& typeName) {
+    const auto tag = plainTag(name, attributes, typeName, writer_.namespaces_.depth() + 1);
+    if (!tag) {
+        return false;
+    }
+    writer_.writeIndentChars();
+    const std::uint64_t size =
+        tag->size + textSize(value.size(), escape) + endSize(tag->prefix, tag->localName);
+    return writeInPlace(size, [&](char* out) {
+        out = putText(append(tag->put(out), '>'), value, escape);
+        return putEnd(out, tag->prefix, tag->localName);
+    });
 }
 
 void XmlWriter::writeElementEnd(const XmlName& name) {
     const std::string_view prefix = elementPrefix(name);
-    Scratch scratch(4 + std::uint64_t{prefix.size()} + name.getLocalName().size());
-    char* const begin = scratch.begin();
-    char* const end = append(appendName(append(begin, "</"), prefix, name.getLocalName()), '>');
+    const std::string_view localName = name.getLocalName();
     writeIndentChars();
-    sendPiece(begin, end);
+    Output(*this).send(endSize(prefix, localName),
+                       [=](char* out) { return putEnd(out, prefix, localName); });
     namespaces_.popScope();
 }
 
 void XmlWriter::writeSimple(const XmlName& name, std::string_view value, bool escape,
                             const XmlAttributeSet& attributes, const XmlName& type) {
-    writeElementStart(name, attributes, value.empty(), type);
-    if (!value.empty()) {
-        write(value.data(), checkedLength(value.size()), escape);
-        writeElementEnd(name);
+    if (value.empty() || !Output(*this).writePlainElement(name, value, escape, attributes, type)) {
+        writeElementStart(name, attributes, value.empty(), type);
+        if (!value.empty()) {
+            write(value.data(), checkedLength(value.size()), escape);
+            writeElementEnd(name);
+        }
     }
     writeNewLine();
 }
