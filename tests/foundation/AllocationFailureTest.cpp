@@ -5,12 +5,14 @@
 #include <nolk/core/Exception.h>
 #include <nolk/core/FileNotFoundException.h>
 #include <nolk/core/HashMap.h>
+#include <nolk/core/IntrusiveList.h>
+#include <nolk/core/IntrusiveListIterator.h>
 #include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/MessageIds.h>
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <cfloat>
 #include <new>
 #include <optional>
 #include <string>
@@ -58,6 +60,31 @@ TEST_P(AllocationFailure, MakeCopyOfNullGivesAnEmptyText) {
         freeCopy(copy);
     });
     EXPECT_EQ(failures, 1);
+}
+
+TEST(AllocationFailure, MakeCopyTakesTheBytesOfTheTextAndOneMore) {
+    const unsigned long long before = FailingAllocation::bytes();
+    char* empty = makeCopy(nullptr);
+    EXPECT_EQ(FailingAllocation::bytes(), before + 1);
+    char* copy = makeCopy("text");
+    EXPECT_EQ(FailingAllocation::bytes(), before + 6);
+    freeCopy(empty);
+    freeCopy(copy);
+}
+
+TEST(AllocationFailure, FailedCopiesAreOneStaticText) {
+    char* first = nullptr;
+    char* second = nullptr;
+    {
+        FailingAllocation failing(0, true);
+        first = makeCopy(longText.c_str());
+        second = makeCopy(nullptr);
+    }
+    EXPECT_STREQ(first, "");
+    EXPECT_EQ(first, second);
+    freeCopy(first);
+    EXPECT_STREQ(second, "");
+    freeCopy(second);
 }
 
 TEST_P(AllocationFailure, MakingAndCopyingARecordNeverThrows) {
@@ -152,6 +179,29 @@ TEST_P(AllocationFailure, ExceptionIsCopiedAndAssignedWithItsTextOrNone) {
     EXPECT_EQ(FailingAllocation::live(), before);
 }
 
+// The copy of the text takes the first allocation, those of file and function the next two. The
+// record is taken whole or stays.
+TEST_P(AllocationFailure, AssignmentOfAnExceptionTakesTextAndRecordEachByItself) {
+    Settable source(ExceptionInfo("new.cpp", 2, "void now()"));
+    source.setMessage("new text");
+    const std::string oldRecord = "old.cpp|1|void old()";
+    const std::string newRecord = "new.cpp|2|void now()";
+    const std::string expected[] = {"|" + (forEver() ? oldRecord : newRecord),
+                                    "new text|" + oldRecord, "new text|" + oldRecord,
+                                    "new text|" + newRecord};
+    const long before = FailingAllocation::live();
+    for (long number = 0; number < 4; ++number) {
+        Settable target(ExceptionInfo("old.cpp", 1, "void old()"));
+        target.setMessage("old text");
+        {
+            FailingAllocation failing(number, forEver());
+            target = source;
+        }
+        EXPECT_EQ(std::string(target.what()) + "|" + shown(target), expected[number]) << number;
+    }
+    EXPECT_EQ(FailingAllocation::live(), before);
+}
+
 TEST_P(AllocationFailure, ComparisonOfExceptionsStillAnswers) {
     const Exception left(longText);
     const long before = FailingAllocation::live();
@@ -216,21 +266,6 @@ TEST_P(AllocationFailure, CloneLeaksNothing) {
     EXPECT_EQ(FailingAllocation::live(), before);
 }
 
-TEST_P(AllocationFailure, ExceptionWithAFixedTextIsMadeOrLeaksNothing) {
-    const ExceptionInfo site("site.cpp", 12, "void thrower()");
-    const long before = FailingAllocation::live();
-    const long failures = failEachAllocation(forEver(), [&site](FailingRun& run) {
-        std::optional<FileNotFoundException> failure;
-        const Outcome outcome = run([&] { failure.emplace(site, longText); });
-        EXPECT_EQ(failure.has_value(), !outcome.threw);
-        if (!outcome.threw) {
-            EXPECT_EQ(failure->fileName(), longText);
-        }
-    });
-    EXPECT_GT(failures, 3);
-    EXPECT_EQ(FailingAllocation::live(), before);
-}
-
 TEST_P(AllocationFailure, ReplaceKeepsTheTextThatItCannotFill) {
     const std::string built = "a long enough text with %1% and %2% and 100%%";
     const std::string argument(200, 'y');
@@ -287,6 +322,18 @@ TEST_P(AllocationFailure, ReplaceOfADoubleWritesTheNumberOrThrows) {
         EXPECT_EQ(text.getMessage(),
                   outcome.failed ? built : "a long enough text with -1.23456789012345e-100");
     });
+}
+
+TEST(AllocationFailure, ReplaceOfALongDoubleThrowsWhenItsDigitsFindNoRoom) {
+    const std::string built = "a long enough text with %1% and %2%";
+    LocalizedMessage text(MessageCatalogId("TEST", "KEY", built.c_str()));
+    {
+        FailingAllocation failing(0);
+        EXPECT_THROW(text.replace(LDBL_MAX), std::bad_alloc);
+    }
+    EXPECT_EQ(text.getMessage(), built);
+    text.replace("one");
+    EXPECT_EQ(text.getMessage(), "a long enough text with one and %2%");
 }
 
 struct Counted {
@@ -350,6 +397,44 @@ TEST(AllocationFailure, CountingPointerAllocatesOneCounterForAllCopies) {
     const CountingPointer<Counted> pointer(object);
     const CountingPointer<Counted> copy(pointer);
     EXPECT_EQ(FailingAllocation::made(), before + 1);
+}
+
+// Runs every operation of a list and its iterator.
+void useList(IntrusiveList& list, IntrusiveListLink (&links)[5]) {
+    for (IntrusiveListLink& link : links) {
+        list.append(&link);
+    }
+    list.prepend(list.get());
+    list.append(list.removeLast());
+    list.insertAt(2, list.removeAt(1));
+    list.prepend(list.removeReference(&links[3]));
+    IntrusiveListIterator walk(list);
+    ++walk;
+    walk += 2;
+    IntrusiveListLink* taken = walk.remove();
+    walk.insertAfterPoint(taken);
+    walk.toFirst();
+    walk.toLast();
+    walk.reset();
+    walk.reset(list);
+    EXPECT_FALSE(walk.atFirst() || walk.atLast());
+}
+
+TEST(AllocationFailure, ListsAndTheirIteratorsAllocateNothing) {
+    IntrusiveListLink links[5];
+    IntrusiveListLink other;
+    const long before = FailingAllocation::made();
+    IntrusiveList list;
+    useList(list, links);
+    const IntrusiveList one(&other);
+    const IntrusiveList copy(list);
+    IntrusiveList assigned;
+    assigned = list;
+    const bool found = copy.at(4) == assigned.last() && copy.first() == list.first() &&
+                       list.containsReference(&links[1]) &&
+                       list.occurrencesOfReference(&other) == 0 && one.count() == 1;
+    EXPECT_EQ(FailingAllocation::made(), before);
+    EXPECT_TRUE(found);
 }
 
 using StringMap = HashMap<std::string, std::string>;

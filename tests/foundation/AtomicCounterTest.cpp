@@ -28,6 +28,14 @@ TEST(AtomicCounter, StartsAtTheNumberGiven) {
     EXPECT_EQ(AtomicCounter(-5).references(), -5);
 }
 
+// Either `long` is cut to 32 bits in the call already, or the counter does it.
+TEST(AtomicCounter, CutsNumbersTo32Bits) {
+    const long long wide = 4294967297LL;
+    EXPECT_EQ(AtomicCounter(static_cast<long>(wide)).references(), 1);
+    EXPECT_EQ(AtomicCounter(LONG_MAX).references(), sizeof(long) == 8 ? -1 : 2147483647);
+    EXPECT_EQ(AtomicCounter(LONG_MIN).references(), sizeof(long) == 8 ? 0 : INT_MIN);
+}
+
 TEST(AtomicCounter, CountsUpAndDownAndReturnsTheNewValue) {
     AtomicCounter counter;
     EXPECT_EQ(counter.addReference(), 1);

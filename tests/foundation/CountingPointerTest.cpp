@@ -160,6 +160,37 @@ TEST(CountingPointer, AssignmentFromAPointerInsideTheObjectThatGoesWorks) {
     EXPECT_EQ(deaths, 2);
 }
 
+// Looks, as it goes, at the pointer that releases it.
+struct Looking {
+    Looking(CountingPointer<Looking>* pointer, bool* seen) : releasing(pointer), sawNull(seen) {}
+    ~Looking() {
+        try {
+            releasing->operator->();
+        } catch (const NullPointerException&) {
+            *sawNull = true;
+        }
+    }
+
+    CountingPointer<Looking>* releasing;
+    bool* sawNull;
+};
+
+TEST(CountingPointer, ObjectSeesThePointerThatReleasesItAsNull) {
+    bool byRaw = false;
+    bool byCopy = false;
+    bool atTheEnd = false;
+    {
+        CountingPointer<Looking> pointer;
+        pointer = new Looking(&pointer, &byRaw);
+        pointer = new Looking(&pointer, &byCopy);
+        EXPECT_TRUE(byRaw);
+        pointer = CountingPointer<Looking>(new Looking(&pointer, &atTheEnd));
+        EXPECT_TRUE(byCopy);
+        EXPECT_FALSE(atTheEnd);
+    }
+    EXPECT_TRUE(atTheEnd);
+}
+
 TEST(CountingPointer, CopiesAreDroppedInSeveralThreads) {
     int deaths = 0;
     {

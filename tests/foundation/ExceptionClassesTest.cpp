@@ -31,16 +31,17 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <typeinfo>
-#include <utility>
-#include <vector>
+
+#include "ExceptionRows.h"
 
 namespace nolk {
+
+using namespace test;
 namespace {
 
 const ExceptionInfo site("site.cpp", 12, "void thrower()");
@@ -51,161 +52,8 @@ LocalizedMessage queueClosed() {
 
 constexpr const char* bracketed = "[QUEUE_CLOSED] Queue closed";
 
-struct Row {
-    const char* name;
-    const char* text;
-    // Made with a record, and not of a text alone.
-    bool hasSite;
-    std::function<std::unique_ptr<Exception>()> make;
-    const std::type_info* type;
-    // Raises through the pointer, and tells whether the class itself, its base and the root
-    // catch it.
-    std::function<bool(const Exception&)> caughtByClass;
-    std::function<bool(const Exception&)> caughtByBase;
-};
-
-template <typename Caught>
-bool raisedAndCaughtBy(const Exception& failure) {
-    try {
-        failure.raise();
-    } catch (const Caught& caught) {
-        return typeid(caught) == typeid(failure) &&
-               static_cast<const Exception&>(caught) == failure;
-    } catch (...) {
-        return false;
-    }
-    return false;
-}
-
-template <typename Class>
-concept Raises = requires(const Class& failure) {
-    failure.raise();
-};
-template <typename Class>
-concept Clones = requires(const Class& failure) {
-    failure.clone();
-};
-
-// Whether the class declares these two itself. A name has the type of the class that declares it.
-template <typename Class>
-concept OverridesRaiseAndClone = std::is_same_v<decltype(&Class::raise), void (Class::*)() const> &&
-    std::is_same_v<decltype(&Class::clone), Exception* (Class::*)() const>;
-
-template <typename Class>
-concept LeavesTheOthersToTheRoot =
-    std::is_same_v<decltype(&Class::what), decltype(&Exception::what)> &&
-    std::is_same_v<decltype(&Class::why), decltype(&Exception::why)> &&
-    std::is_same_v<decltype(&Class::operator==), decltype(&Exception::operator==)> &&
-    std::is_same_v<decltype(&Class::operator!=), decltype(&Exception::operator!=)>;
-
-template <typename Class, typename Base, typename First, typename... Arguments>
-Row row(const char* name, const char* text, First first, Arguments... arguments) {
-    static_assert(std::is_base_of_v<Base, Class>);
-    static_assert(std::is_copy_constructible_v<Class> && std::is_copy_assignable_v<Class>);
-    static_assert(LeavesTheOthersToTheRoot<Class>);
-    if constexpr (std::is_same_v<Class, XmlParseLineColException>) {
-        static_assert(!Raises<Class> && !Clones<Class>);
-    } else {
-        static_assert(OverridesRaiseAndClone<Class>);
-    }
-    return Row{name,
-               text,
-               std::is_same_v<First, ExceptionInfo>,
-               [first, arguments...] { return std::make_unique<Class>(first, arguments...); },
-               &typeid(Class),
-               &raisedAndCaughtBy<Class>,
-               &raisedAndCaughtBy<Base>};
-}
-
-// A class with the constructors (info) and (info, msg) and nothing of its own gives two rows.
-template <typename Class, typename Base>
-void addPlain(std::vector<Row>& rows, const char* name) {
-    static_assert(sizeof(Class) == sizeof(Base));
-    static_assert(!std::is_constructible_v<Class, const char*>);
-    static_assert(!std::is_constructible_v<Class, std::string>);
-    rows.push_back(row<Class, Base>(name, "", site));
-    rows.push_back(row<Class, Base>(name, bracketed, site, queueClosed()));
-}
-
-// A class with a fixed text takes no message.
-template <typename Class, typename Base, typename... Arguments>
-void addFixed(std::vector<Row>& rows, const char* name, const char* text, Arguments... arguments) {
-    static_assert(!std::is_constructible_v<Class, ExceptionInfo, LocalizedMessage>);
-    rows.push_back(row<Class, Base>(name, text, site, std::string(arguments)...));
-}
-
-void addPlainClasses(std::vector<Row>& rows) {
-    addPlain<ConversionException, Exception>(rows, "ConversionException");
-    addPlain<DynamicLibraryException, Exception>(rows, "DynamicLibraryException");
-    addPlain<FileException, Exception>(rows, "FileException");
-    addPlain<LoggerException, Exception>(rows, "LoggerException");
-    addPlain<MessageCatalogException, Exception>(rows, "MessageCatalogException");
-    addPlain<NamingException, Exception>(rows, "NamingException");
-    addPlain<OutOfBoundsException, Exception>(rows, "OutOfBoundsException");
-    addPlain<QueueException, Exception>(rows, "QueueException");
-    addPlain<ThreadException, Exception>(rows, "ThreadException");
-    addPlain<XmlException, Exception>(rows, "XmlException");
-}
-
-void addFixedClasses(std::vector<Row>& rows) {
-    addFixed<DynamicLibraryLoadException, DynamicLibraryException>(
-        rows, "DynamicLibraryLoadException", "Unable to load library for : lib: no;", "lib", "no");
-    addFixed<DynamicLibraryMethodException, DynamicLibraryException>(
-        rows, "DynamicLibraryMethodException", "Unable to find method 'run' in 'lib'", "run",
-        "lib");
-    addFixed<FileNotFoundException, FileException>(rows, "FileNotFoundException",
-                                                   "File a.txt not found", "a.txt");
-    addFixed<NotImplementedException, Exception>(rows, "NotImplementedException",
-                                                 "Function not implemented: f", "f");
-    addFixed<NullPointerException, Exception>(rows, "NullPointerException",
-                                              "Attempt to dereference a null pointer");
-    addFixed<QueueClosedException, QueueException>(rows, "QueueClosedException", "Queue closed");
-    addFixed<QueueWriteClosedException, QueueException>(rows, "QueueWriteClosedException",
-                                                        "Queue closed for write");
-    addFixed<ThreadCreateException, ThreadException>(rows, "ThreadCreateException",
-                                                     "Thread Create Failed: no", "no");
-    addFixed<ThreadSystemException, ThreadException>(rows, "ThreadSystemException",
-                                                     "Thread error: no", "no");
-    addFixed<ThreadJoinException, ThreadException>(rows, "ThreadJoinException",
-                                                   "Thread Join Failed: no", "no");
-    addFixed<XmlParseAttributeNotFoundException, XmlParseException>(
-        rows, "XmlParseAttributeNotFoundException", "Unable to find attribute: id", "id");
-}
-
-void addOtherClasses(std::vector<Row>& rows) {
-    rows.push_back(row<Exception, std::exception>("Exception", "", site));
-    rows.push_back(row<Exception, std::exception>("Exception", bracketed, site, queueClosed()));
-    rows.push_back(row<Exception, std::exception>("Exception", "text", "text"));
-    rows.push_back(row<Exception, std::exception>("Exception", "text", std::string("text")));
-    rows.push_back(row<RegexException, Exception>("RegexException", "", site));
-    rows.push_back(
-        row<RegexException, Exception>("RegexException", bracketed, site, queueClosed(), 1u, 2u));
-    rows.push_back(row<XmlParseException, XmlException>("XmlParseException", "", site));
-    rows.push_back(
-        row<XmlParseException, XmlException>("XmlParseException", bracketed, site, queueClosed()));
-    rows.push_back(row<XmlParseException, XmlException>("XmlParseException", "text", "text"));
-    rows.push_back(
-        row<XmlParseException, XmlException>("XmlParseException", "text", std::string("text")));
-    rows.push_back(row<XmlParseLineColException, XmlParseException>(
-        "XmlParseLineColException", bracketed, site, queueClosed(), 1u, 2u));
-    rows.push_back(row<XmlParseLineColException, XmlParseException>("XmlParseLineColException",
-                                                                    "text", site, "text", 1u, 2u));
-    rows.push_back(row<XmlParseLineColException, XmlParseException>(
-        "XmlParseLineColException", "text", site, std::string("text"), 1u, 2u));
-    rows.push_back(row<XmlSchemaException, XmlException>("XmlSchemaException", bracketed, site,
-                                                         queueClosed()));
-}
-
-std::vector<Row> allRows() {
-    std::vector<Row> rows;
-    addOtherClasses(rows);
-    addPlainClasses(rows);
-    addFixedClasses(rows);
-    return rows;
-}
-
 TEST(ExceptionClasses, EachHasItsText) {
-    for (const Row& entry : allRows()) {
+    for (const ExceptionRow& entry : allExceptionRows()) {
         const std::unique_ptr<Exception> failure = entry.make();
         EXPECT_STREQ(failure->what(), entry.text) << entry.name;
         EXPECT_STREQ(failure->why(), entry.text) << entry.name;
@@ -213,7 +61,7 @@ TEST(ExceptionClasses, EachHasItsText) {
 }
 
 TEST(ExceptionClasses, EachKeepsTheRecordThatItIsGiven) {
-    for (const Row& entry : allRows()) {
+    for (const ExceptionRow& entry : allExceptionRows()) {
         const std::unique_ptr<Exception> failure = entry.make();
         if (entry.hasSite) {
             EXPECT_STREQ(failure->getFileName(), "site.cpp") << entry.name;
@@ -224,7 +72,7 @@ TEST(ExceptionClasses, EachKeepsTheRecordThatItIsGiven) {
 }
 
 TEST(ExceptionClasses, EachIsRaisedByItsExactClassThroughTheRoot) {
-    for (const Row& entry : allRows()) {
+    for (const ExceptionRow& entry : allExceptionRows()) {
         const std::unique_ptr<Exception> failure = entry.make();
         EXPECT_TRUE(entry.caughtByClass(*failure)) << entry.name;
         EXPECT_TRUE(raisedAndCaughtBy<Exception>(*failure)) << entry.name;
@@ -232,7 +80,7 @@ TEST(ExceptionClasses, EachIsRaisedByItsExactClassThroughTheRoot) {
 }
 
 TEST(ExceptionClasses, EachIsCaughtByItsBase) {
-    for (const Row& entry : allRows()) {
+    for (const ExceptionRow& entry : allExceptionRows()) {
         const std::unique_ptr<Exception> failure = entry.make();
         if (*entry.type != typeid(Exception)) {
             EXPECT_TRUE(entry.caughtByBase(*failure)) << entry.name;
@@ -241,7 +89,7 @@ TEST(ExceptionClasses, EachIsCaughtByItsBase) {
 }
 
 TEST(ExceptionClasses, EachIsClonedByItsExactClass) {
-    for (const Row& entry : allRows()) {
+    for (const ExceptionRow& entry : allExceptionRows()) {
         std::unique_ptr<Exception> failure = entry.make();
         const std::unique_ptr<Exception> clone(failure->clone());
         ASSERT_NE(clone, nullptr) << entry.name;
@@ -254,7 +102,7 @@ TEST(ExceptionClasses, EachIsClonedByItsExactClass) {
 }
 
 TEST(ExceptionClasses, NoneIsCaughtByASibling) {
-    for (const Row& entry : allRows()) {
+    for (const ExceptionRow& entry : allExceptionRows()) {
         const std::unique_ptr<Exception> failure = entry.make();
         if (*entry.type != typeid(NamingException)) {
             EXPECT_FALSE(raisedAndCaughtBy<NamingException>(*failure)) << entry.name;
@@ -271,12 +119,27 @@ static_assert(!std::is_constructible_v<RegexException, ExceptionInfo, LocalizedM
 static_assert(!std::is_constructible_v<FileNotFoundException, ExceptionInfo>);
 
 static_assert(!std::is_constructible_v<XmlParseAttributeNotFoundException, ExceptionInfo>);
-static_assert(sizeof(NotImplementedException) == sizeof(Exception));
-static_assert(sizeof(NullPointerException) == sizeof(Exception));
-static_assert(sizeof(QueueClosedException) == sizeof(QueueException));
-static_assert(sizeof(QueueWriteClosedException) == sizeof(QueueException));
-static_assert(sizeof(XmlParseException) == sizeof(XmlException));
-static_assert(sizeof(XmlSchemaException) == sizeof(XmlException));
+// What a class adds to its base, which leaves no gap behind.
+template <typename Class, typename Base, typename... Added>
+constexpr bool addsExactly = sizeof(Class) == sizeof(Base) + (sizeof(Added) + ... + 0);
+
+static_assert(
+    addsExactly<DynamicLibraryLoadException, DynamicLibraryException, std::string, std::string>);
+static_assert(
+    addsExactly<DynamicLibraryMethodException, DynamicLibraryException, std::string, std::string>);
+static_assert(addsExactly<FileNotFoundException, FileException, std::string>);
+static_assert(addsExactly<NotImplementedException, Exception>);
+static_assert(addsExactly<NullPointerException, Exception>);
+static_assert(addsExactly<QueueClosedException, QueueException>);
+static_assert(addsExactly<QueueWriteClosedException, QueueException>);
+static_assert(addsExactly<RegexException, Exception, unsigned, unsigned>);
+static_assert(addsExactly<ThreadCreateException, ThreadException, std::string>);
+static_assert(addsExactly<ThreadSystemException, ThreadException, std::string>);
+static_assert(addsExactly<ThreadJoinException, ThreadException, std::string>);
+static_assert(addsExactly<XmlParseException, XmlException>);
+static_assert(addsExactly<XmlParseLineColException, XmlParseException, unsigned, unsigned>);
+static_assert(addsExactly<XmlParseAttributeNotFoundException, XmlParseException, std::string>);
+static_assert(addsExactly<XmlSchemaException, XmlException>);
 
 // Whether a reader is const and returns a string by value.
 template <typename Class>

@@ -209,6 +209,28 @@ TEST(ExceptionEquality, InequalityNegatesTheVirtualEquality) {
     EXPECT_TRUE(right != left);
 }
 
+struct NeverEqual : Exception {
+    using Exception::Exception;
+    bool operator==(Exception) const override { return false; }
+};
+
+// The operands by themselves have classes of their own, between which a compiler may choose.
+TEST(ExceptionEquality, ThroughReferencesTheLeftOperandDecidesWhateverTheRightOneIs) {
+    const AlwaysEqual always("text");
+    const NeverEqual never("text");
+    const Exception plain("text");
+    const Exception& asAlways = always;
+    const Exception& asNever = never;
+    EXPECT_TRUE(asAlways == asNever);
+    EXPECT_FALSE(asNever == asAlways);
+    EXPECT_FALSE(asAlways != asNever);
+    EXPECT_TRUE(asNever != asAlways);
+    EXPECT_TRUE(asAlways == Exception("other"));
+    EXPECT_FALSE(Exception("other") == asAlways);
+    EXPECT_TRUE(plain == asNever) << "the same constructor, and the same text";
+    EXPECT_FALSE(asNever == plain);
+}
+
 struct AlwaysUnequal : Exception {
     using Exception::Exception;
     bool operator!=(Exception) const override { return true; }

@@ -128,6 +128,29 @@ TEST(HandleBase, LastHandleToGoDeletesTheBody) {
     EXPECT_TRUE(gone);
 }
 
+// A body that tells its last handle that there is one more.
+class Kept : public Body {
+public:
+    using Body::Body;
+
+protected:
+    unsigned int removeReference() override { return Body::removeReference() + 1; }
+};
+
+TEST(HandleBase, BodyWhoseRemovalReturnsMoreThanZeroOutlivesItsLastHandle) {
+    bool gone = false;
+    auto* body = new Kept(3, &gone);
+    { const Handle handle(body); }
+    EXPECT_FALSE(gone);
+    {
+        Handle handle(body);
+        handle = Handle();
+    }
+    EXPECT_FALSE(gone);
+    EXPECT_EQ(body->steps, "+-+-");
+    delete body;
+}
+
 TEST(HandleBase, AssignmentReleasesTheOldBody) {
     bool gone = false;
     Handle handle(new Body(1, &gone));
@@ -318,6 +341,12 @@ TEST(BodyBase, CountingReturnsTheNewCount) {
     EXPECT_EQ(body.countUp(), 2u);
     EXPECT_EQ(body.countDown(), 1u);
     EXPECT_EQ(body.countDown(), 0u);
+}
+
+TEST(BodyBase, RemovalBelowZeroReturnsAllOnes) {
+    Body body;
+    EXPECT_EQ(body.countDown(), 4294967295u);
+    EXPECT_EQ(body.countUp(), 0u);
 }
 
 template <typename Class>

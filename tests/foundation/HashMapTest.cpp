@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <random>
 #include <string>
@@ -96,6 +97,54 @@ TEST(HashMap, OrderOfStringsFollowsTheirStringHash) {
         map.put(key, "");
     }
     EXPECT_EQ(keysOf(map), (std::vector<std::string>{"", "a", "abc", "abcd"}));
+}
+
+// The thousand keys in an order that is neither theirs nor that of their buckets.
+std::vector<int> scatteredKeys() {
+    std::vector<int> keys;
+    for (int i = 0; i < 1000; ++i) {
+        keys.push_back(i * 617 % 1000);
+    }
+    return keys;
+}
+
+TEST(HashMap, OfAThousandKeysStillHas64Buckets) {
+    IntMap map(&nolkIntHash);
+    std::vector<int> expected = scatteredKeys();
+    for (int key : expected) {
+        map.put(key, key);
+    }
+    std::stable_sort(expected.begin(), expected.end(),
+                     [](int left, int right) { return left % 64 < right % 64; });
+    EXPECT_EQ(keysOf(map), expected);
+    EXPECT_EQ(map.size(), 1000u);
+}
+
+TEST(HashMap, ThousandStringsStillStandByTheirHashModulo64) {
+    StringMap map;
+    std::vector<std::string> expected;
+    for (int key : scatteredKeys()) {
+        expected.push_back("key " + std::to_string(key));
+        map.put(expected.back(), "");
+    }
+    std::stable_sort(expected.begin(), expected.end(),
+                     [](const std::string& left, const std::string& right) {
+                         return nolkStringHash(left) % 64 < nolkStringHash(right) % 64;
+                     });
+    EXPECT_EQ(keysOf(map), expected);
+}
+
+TEST(HashMap, ValuesStayWhereTheyAreWhileAThousandKeysCome) {
+    IntMap map(&nolkIntHash);
+    map.put(7, 70);
+    const int* value = map.find(7);
+    for (int key : scatteredKeys()) {
+        if (key != 7) {
+            map.put(key, key);
+        }
+    }
+    EXPECT_EQ(map.find(7), value);
+    EXPECT_EQ(*value, 70);
 }
 
 TEST(HashMap, KeysOfOneHashAreToldApartByEquality) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <string>
 
 namespace nolk {
@@ -39,6 +40,10 @@ TEST(NolkStringHash, WidensTheLastBytesWithTheirSign) {
     EXPECT_EQ(nolkStringHash("a\xFF"), 0xFFFFFFBFu);  // 0x40 ^ (0x6100 | 0xFFFFFFFF)
 }
 
+TEST(NolkStringHash, WidensARestBehindAWordWithItsSign) {
+    EXPECT_EQ(nolkStringHash("abcd\xFF"), 0x7393A7D3u);  // 0x8C6C582C ^ 0xFFFFFFFF
+}
+
 TEST(NolkStringHash, TakesWholeWordsUnsigned) {
     EXPECT_EQ(nolkStringHash("\xFF\xFE\xFD\xFC"), 0xFCFDFE7Fu);  // 0x80 ^ 0xFCFDFEFF
 }
@@ -58,6 +63,23 @@ TEST(NolkCaseInsensitiveStringHash, IsTheHashOfTheLoweredText) {
     EXPECT_EQ(nolkCaseInsensitiveStringHash("abc"), 0x00616203u);
     EXPECT_EQ(nolkCaseInsensitiveStringHash(""), 0u);
     EXPECT_EQ(nolkCaseInsensitiveStringHash("CONTENT-Type"), nolkStringHash("content-type"));
+}
+
+TEST(NolkCaseInsensitiveStringHash, LowersBothTheWordsAndTheRest) {
+    // Of "abcdef": 6 -> 0xC0 ^ 0x64636261 = 0x646362A1 -> 0x8C6C542C, ^ 0x6566
+    EXPECT_EQ(nolkCaseInsensitiveStringHash("aBcDeF"), 0x8C6C314Au);
+    EXPECT_EQ(nolkCaseInsensitiveStringHash("AbCdEf"), 0x8C6C314Au);
+}
+
+// The C locale knows no letters there.
+TEST(NolkCaseInsensitiveStringHash, LeavesBytesOf128AndMoreInTheCLocale) {
+    const std::string before = std::setlocale(LC_CTYPE, nullptr);
+    std::setlocale(LC_CTYPE, "C");
+    EXPECT_EQ(nolkCaseInsensitiveStringHash("\xC9"), 0xFFFFFFE9u);  // 0x20 ^ 0xFFFFFFC9
+    EXPECT_EQ(nolkCaseInsensitiveStringHash("\xE9"), 0xFFFFFFC9u);  // 0x20 ^ 0xFFFFFFE9
+    // 5 -> 0xA0 ^ 0x7AC96261 = 0x7AC962C1 -> 0x592C582F, ^ 0xFFFFFFC9
+    EXPECT_EQ(nolkCaseInsensitiveStringHash("AB\xC9Z\xC9"), 0xA6D3A7E6u);
+    std::setlocale(LC_CTYPE, before.c_str());
 }
 
 TEST(NolkCaseInsensitiveStringHash, LeavesItsArgumentAlone) {

@@ -49,6 +49,8 @@ protected:
     Opened walk{list};
 };
 
+static_assert(sizeof(IntrusiveListIterator) == 2 * sizeof(void*), "the list and the point");
+
 TEST_F(IteratorOfThree, StartsBeforeTheFirst) {
     EXPECT_EQ(walk.key(), nullptr);
     EXPECT_FALSE(walk.isActive());

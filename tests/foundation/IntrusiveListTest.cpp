@@ -1,4 +1,5 @@
 #include <nolk/core/IntrusiveList.h>
+#include <nolk/core/IntrusiveListIterator.h>
 #include <nolk/core/IntrusiveListLink.h>
 #include <nolk/core/OutOfBoundsException.h>
 
@@ -36,6 +37,15 @@ std::string shown(const IntrusiveList& list) {
     EXPECT_EQ(list.first(), names.empty() ? nullptr : list.at(0));
     EXPECT_EQ(list.last(), names.empty() ? nullptr : list.at(list.count() - 1));
     return names;
+}
+
+// Past the last element a walk stays: a search that goes through the tail has put it right again.
+void expectWalkStaysAtTheEnd(IntrusiveList& list) {
+    IntrusiveListIterator walk(list);
+    walk += list.count() + 1;
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(++walk, nullptr);
+    }
 }
 
 class IntrusiveListOfThree : public testing::Test {
@@ -152,6 +162,19 @@ TEST(IntrusiveList, CopyOfAListWithElementsSharesThem) {
     list.append(&b);
     const IntrusiveList copy(list);
     EXPECT_EQ(shown(copy), "ab");
+}
+
+TEST(IntrusiveList, AssignmentOfAListWithElementsSharesThem) {
+    Element a('a');
+    Element b('b');
+    Element c('c');
+    IntrusiveList list(&a);
+    list.append(&b);
+    IntrusiveList assigned(&c);
+    assigned = list;
+    EXPECT_EQ(shown(assigned), "ab");
+    EXPECT_EQ(assigned.count(), 2u);
+    EXPECT_EQ(shown(list), "ab");
 }
 
 TEST_F(IntrusiveListOfThree, AppendKeepsTheOrder) {
@@ -294,6 +317,7 @@ TEST_F(IntrusiveListOfThree, RemoveReferenceOfNullReturnsNull) {
 TEST_F(IntrusiveListOfThree, RemoveReferenceOfAStrangerReturnsNullAndChangesNothing) {
     EXPECT_EQ(list.removeReference(&d), nullptr);
     EXPECT_EQ(shown(list), "abc");
+    expectWalkStaysAtTheEnd(list);
     EXPECT_EQ(list.removeReference(&d), nullptr);
     list.append(&d);
     EXPECT_EQ(shown(list), "abcd");
@@ -311,6 +335,14 @@ TEST_F(IntrusiveListOfThree, ContainsReferenceKnowsItsElements) {
     EXPECT_TRUE(list.containsReference(&c));
     EXPECT_FALSE(list.containsReference(&d));
     EXPECT_FALSE(list.containsReference(nullptr));
+}
+
+TEST(IntrusiveList, EmptyListContainsNothing) {
+    Element a('a');
+    const IntrusiveList list;
+    EXPECT_FALSE(list.containsReference(&a));
+    EXPECT_FALSE(list.containsReference(nullptr));
+    EXPECT_EQ(list.occurrencesOfReference(&a), 0u);
 }
 
 TEST_F(IntrusiveListOfThree, OccurrencesOfReferenceIsOneOrZero) {
@@ -333,6 +365,16 @@ TEST_F(IntrusiveListOfThree, FindLeftGivesTheLinkBefore) {
     IntrusiveListLink* head = list.findLeftIsv(&a);
     ASSERT_NE(head, nullptr);
     EXPECT_EQ(head->next, &a);
+}
+
+TEST_F(IntrusiveListOfThree, FindLeftOfNullIsNullAndChangesNothing) {
+    EXPECT_EQ(list.findLeftIsv(nullptr), nullptr);
+    EXPECT_EQ(shown(list), "abc");
+    expectWalkStaysAtTheEnd(list);
+    Opened empty;
+    EXPECT_EQ(empty.findLeftIsv(nullptr), nullptr);
+    EXPECT_EQ(shown(empty), "");
+    expectWalkStaysAtTheEnd(empty);
 }
 
 TEST_F(IntrusiveListOfThree, InsertAfterLinkPutsBehind) {

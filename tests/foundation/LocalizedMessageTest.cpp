@@ -6,6 +6,7 @@
 #include <cfloat>
 #include <climits>
 #include <cmath>
+#include <cstdint>
 #include <functional>
 #include <limits>
 #include <string>
@@ -44,6 +45,16 @@ TEST(LocalizedMessage, TakesKeyAndBuiltInTextOfItsId) {
 }
 
 static_assert(std::has_virtual_destructor_v<LocalizedMessage>);
+
+TEST(LocalizedMessage, HoldsTwoStringsAndA32BitNumber) {
+    struct Fields {
+        virtual ~Fields() = default;
+        std::string identifier;
+        std::string message;
+        std::uint32_t nextArgument = 0;
+    };
+    EXPECT_EQ(sizeof(LocalizedMessage), sizeof(Fields));
+}
 
 TEST(LocalizedMessage, KeepsTheKeyWithoutTheComponent) {
     EXPECT_EQ(LocalizedMessage(NOLK_AGENT_HANDLER_KEY_NOT_FOUND).getIdentifier(),
@@ -332,6 +343,17 @@ TEST(LocalizedMessageReplace, LongDoubleShowsAtMostSixDecimals) {
     EXPECT_EQ(textOf(-0.5L), "-0.5");
     EXPECT_EQ(textOf(0.1234567L), "0.123457");
     EXPECT_EQ(textOf(std::ldexp(1.0L, 100)), "1267650600228229401496703205376");
+}
+
+TEST(LocalizedMessageReplace, LongDoubleThatIsNoNumberShowsItsName) {
+    EXPECT_EQ(textOf(std::numeric_limits<long double>::infinity()), "inf");
+    EXPECT_EQ(textOf(-std::numeric_limits<long double>::infinity()), "-inf");
+    EXPECT_EQ(textOf(std::numeric_limits<long double>::quiet_NaN()), "nan");
+}
+
+TEST(LocalizedMessageReplace, LongDoubleZeroKeepsItsSign) {
+    EXPECT_EQ(textOf(-0.0L), "-0");
+    EXPECT_EQ(textOf(-0.0000001L), "-0");
 }
 
 TEST(LocalizedMessageReplace, LargestLongDoubleShowsInFull) {

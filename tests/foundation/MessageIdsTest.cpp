@@ -325,6 +325,15 @@ TEST(MessageIds, ServeStaticInitialisersOfOtherLibraries) {
     EXPECT_EQ(textAtStart, "No memory");
 }
 
+TEST(MessageCatalogId, IsThreePointersThatAnAssignmentTakes) {
+    EXPECT_EQ(sizeof(MessageCatalogId), 3 * sizeof(const char*));
+    MessageCatalogId assigned("TEST", "KEY", "text");
+    assigned = NOLK_CORE_NO_MEMORY;
+    EXPECT_EQ(assigned.component, NOLK_CORE_NO_MEMORY.component);
+    EXPECT_EQ(assigned.key, NOLK_CORE_NO_MEMORY.key);
+    EXPECT_EQ(assigned.defaultText, NOLK_CORE_NO_MEMORY.defaultText);
+}
+
 TEST(MessageCatalogId, KeepsTheThreePointersGiven) {
     static const char component[] = "C";
     static const char key[] = "K";

@@ -144,6 +144,13 @@ TEST(LongDoubleToString, CutsTrailingZeroes) {
     EXPECT_EQ(longDoubleToString(2.5L), "2.5");
     EXPECT_EQ(longDoubleToString(100.0L), "100");
     EXPECT_EQ(longDoubleToString(1e-9L), "0");
+    EXPECT_EQ(longDoubleToString(-0.0L), "-0");
+}
+
+TEST(LongDoubleToString, CutsNothingOffTheNamesOfWhatIsNoNumber) {
+    EXPECT_EQ(longDoubleToString(std::numeric_limits<long double>::infinity()), "inf");
+    EXPECT_EQ(longDoubleToString(-std::numeric_limits<long double>::infinity()), "-inf");
+    EXPECT_EQ(longDoubleToString(std::numeric_limits<long double>::quiet_NaN()), "nan");
 }
 
 }  // namespace

@@ -17,6 +17,9 @@ namespace nolk {
  * of static storage duration may be used by other static initialisers. Pointers to one object may
  * be copied and dropped in several threads at once, but one CountingPointer must not be assigned
  * in one thread while it is used in another.
+ *
+ * @pre the destructor of `T` assigns nothing to the very pointer that is releasing the object,
+ * which it sees as null already; what it assigned would be lost
  */
 template <typename T>
 class CountingPointer {
@@ -82,7 +85,8 @@ private:
         object_ = object;
     }
 
-    // Leaves both pointers null before it deletes, since a destructor may come back here.
+    // Leaves both pointers null before it deletes: a destructor that looks here finds nothing, and
+    // never the object that goes.
     void release() {
         T* object = object_;
         AtomicCounter* counter = counter_;

@@ -13,12 +13,16 @@ namespace nolk {
 
 /**
  * A library can't be loaded.
+ *
+ * Keeps both strings: to make, copy or read them takes memory, and std::bad_alloc is thrown if
+ * there is none.
  */
 class NOLK_API DynamicLibraryLoadException : public DynamicLibraryException {
 public:
     /**
-     * Text "Unable to load library for : <dllName>: <dllError>;", without a key in front.
-     * @throws std::bad_alloc
+     * Text "Unable to load library for : <dllName>: <dllError>;", without a key in front; empty if
+     * it can't be built.
+     * @throws std::bad_alloc if there is no memory to keep the strings
      */
     DynamicLibraryLoadException(const ExceptionInfo& info, const std::string& dllName,
                                 const std::string& dllError);

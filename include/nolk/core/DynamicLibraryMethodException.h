@@ -13,12 +13,16 @@ namespace nolk {
 
 /**
  * A loaded library lacks an entry point.
+ *
+ * Keeps both names: to make, copy or read them takes memory, and std::bad_alloc is thrown if there
+ * is none.
  */
 class NOLK_API DynamicLibraryMethodException : public DynamicLibraryException {
 public:
     /**
-     * Text "Unable to find method '<methodName>' in '<dllName>'", without a key in front.
-     * @throws std::bad_alloc
+     * Text "Unable to find method '<methodName>' in '<dllName>'", without a key in front; empty if
+     * it can't be built.
+     * @throws std::bad_alloc if there is no memory to keep the names
      */
     DynamicLibraryMethodException(const ExceptionInfo& info, const std::string& methodName,
                                   const std::string& dllName);

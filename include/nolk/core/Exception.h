@@ -25,6 +25,10 @@ class LocalizedMessage;
  *     ...
  *     result->raise();  // in the other thread
  *
+ * Where a derived class overrides `operator==` or `operator!=`, objects are compared through
+ * `const Exception&` on both sides: between operands of different classes a compiler may otherwise
+ * turn the comparison round, and ask the operand on the right.
+ *
  * Readers may run in several threads at once; `setMessage` and assignment are not synchronised.
  */
 class NOLK_API Exception : public std::exception {
@@ -39,6 +43,10 @@ public:
      */
     explicit Exception(const char* text);
     explicit Exception(const std::string& text);
+    /**
+     * Take private copies of text and record, and never throw. What there is no memory for is empty
+     * in a copy. In an assignment the text is then empty; the record is taken whole or stays.
+     */
     Exception(const Exception& other);
     Exception& operator=(const Exception& other);
     ~Exception() override;

@@ -13,12 +13,15 @@ namespace nolk {
 
 /**
  * A file isn't there.
+ *
+ * Keeps the file's name: to make, copy or read it takes memory, and std::bad_alloc is thrown if
+ * there is none.
  */
 class NOLK_API FileNotFoundException : public FileException {
 public:
     /**
-     * Text "File <fileName> not found", without a key in front.
-     * @throws std::bad_alloc
+     * Text "File <fileName> not found", without a key in front; empty if it can't be built.
+     * @throws std::bad_alloc if there is no memory to keep the name
      */
     FileNotFoundException(const ExceptionInfo& info, const std::string& fileName);
     FileNotFoundException(const FileNotFoundException& other) = default;

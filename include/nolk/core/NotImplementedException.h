@@ -17,8 +17,8 @@ namespace nolk {
 class NOLK_API NotImplementedException : public Exception {
 public:
     /**
-     * Text "Function not implemented: <function>", without a key in front. The argument isn't kept.
-     * @throws std::bad_alloc
+     * Text "Function not implemented: <function>", without a key in front; empty if it can't be
+     * built, so that this constructor never throws. The argument isn't kept.
      */
     NotImplementedException(const ExceptionInfo& info, const std::string& function);
     NotImplementedException(const NotImplementedException& other) = default;

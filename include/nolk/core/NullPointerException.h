@@ -15,8 +15,8 @@ namespace nolk {
 class NOLK_API NullPointerException : public Exception {
 public:
     /**
-     * Text "Attempt to dereference a null pointer", without a key in front.
-     * @throws std::bad_alloc
+     * Text "Attempt to dereference a null pointer", without a key in front; empty if it can't be
+     * built, so that this constructor never throws.
      */
     explicit NullPointerException(const ExceptionInfo& info);
     NullPointerException(const NullPointerException& other) = default;

@@ -15,8 +15,8 @@ namespace nolk {
 class NOLK_API QueueClosedException : public QueueException {
 public:
     /**
-     * Text "Queue closed", without a key in front.
-     * @throws std::bad_alloc
+     * Text "Queue closed", without a key in front; empty if it can't be built, so that this
+     * constructor never throws.
      */
     explicit QueueClosedException(const ExceptionInfo& info);
     QueueClosedException(const QueueClosedException& other) = default;

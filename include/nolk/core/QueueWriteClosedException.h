@@ -15,8 +15,8 @@ namespace nolk {
 class NOLK_API QueueWriteClosedException : public QueueException {
 public:
     /**
-     * Text "Queue closed for write", without a key in front.
-     * @throws std::bad_alloc
+     * Text "Queue closed for write", without a key in front; empty if it can't be built, so that
+     * this constructor never throws.
      */
     explicit QueueWriteClosedException(const ExceptionInfo& info);
     QueueWriteClosedException(const QueueWriteClosedException& other) = default;

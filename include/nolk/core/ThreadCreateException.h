@@ -13,12 +13,15 @@ namespace nolk {
 
 /**
  * The system can't make a thread.
+ *
+ * Keeps the error: to make, copy or read it takes memory, and std::bad_alloc is thrown if there is
+ * none.
  */
 class NOLK_API ThreadCreateException : public ThreadException {
 public:
     /**
-     * Text "Thread Create Failed: <error>", without a key in front.
-     * @throws std::bad_alloc
+     * Text "Thread Create Failed: <error>", without a key in front; empty if it can't be built.
+     * @throws std::bad_alloc if there is no memory to keep the error
      */
     ThreadCreateException(const ExceptionInfo& info, const std::string& error);
     ThreadCreateException(const ThreadCreateException& other) = default;

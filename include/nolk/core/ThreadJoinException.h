@@ -13,12 +13,15 @@ namespace nolk {
 
 /**
  * A thread can't be joined.
+ *
+ * Keeps the error: to make, copy or read it takes memory, and std::bad_alloc is thrown if there is
+ * none.
  */
 class NOLK_API ThreadJoinException : public ThreadException {
 public:
     /**
-     * Text "Thread Join Failed: <error>", without a key in front.
-     * @throws std::bad_alloc
+     * Text "Thread Join Failed: <error>", without a key in front; empty if it can't be built.
+     * @throws std::bad_alloc if there is no memory to keep the error
      */
     ThreadJoinException(const ExceptionInfo& info, const std::string& error);
     ThreadJoinException(const ThreadJoinException& other) = default;

@@ -13,12 +13,15 @@ namespace nolk {
 
 /**
  * A system call on a thread or lock failed.
+ *
+ * Keeps the error: to make, copy or read it takes memory, and std::bad_alloc is thrown if there is
+ * none.
  */
 class NOLK_API ThreadSystemException : public ThreadException {
 public:
     /**
-     * Text "Thread error: <error>", without a key in front.
-     * @throws std::bad_alloc
+     * Text "Thread error: <error>", without a key in front; empty if it can't be built.
+     * @throws std::bad_alloc if there is no memory to keep the error
      */
     ThreadSystemException(const ExceptionInfo& info, const std::string& error);
     ThreadSystemException(const ThreadSystemException& other) = default;

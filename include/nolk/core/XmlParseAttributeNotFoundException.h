@@ -13,12 +13,16 @@ namespace nolk {
 
 /**
  * An element lacks an attribute.
+ *
+ * Keeps the attribute's name: to make, copy or read it takes memory, and std::bad_alloc is thrown
+ * if there is none.
  */
 class NOLK_API XmlParseAttributeNotFoundException : public XmlParseException {
 public:
     /**
-     * Text "Unable to find attribute: <attrName>", without a key in front.
-     * @throws std::bad_alloc
+     * Text "Unable to find attribute: <attrName>", without a key in front; empty if it can't
+     * be built.
+     * @throws std::bad_alloc if there is no memory to keep the name
      */
     XmlParseAttributeNotFoundException(const ExceptionInfo& info, const std::string& attrName);
     XmlParseAttributeNotFoundException(const XmlParseAttributeNotFoundException& other) = default;

@@ -1,7 +1,8 @@
 #include <nolk/core/DynamicLibraryLoadException.h>
 
-#include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/MessageIds.h>
+
+#include "nolk/core/foundation/FixedText.h"
 
 #include <new>
 
@@ -11,8 +12,7 @@ DynamicLibraryLoadException::DynamicLibraryLoadException(const ExceptionInfo& in
                                                          const std::string& dllName,
                                                          const std::string& dllError)
     : DynamicLibraryException(info), dllName_(dllName), dllError_(dllError) {
-    setMessage(
-        message(NOLK_CORE_DYNAMIC_LIBRARY_LOAD_FAILURE, dllName, dllError).getMessage().c_str());
+    setMessage(fixedText(NOLK_CORE_DYNAMIC_LIBRARY_LOAD_FAILURE, dllName, dllError).c_str());
 }
 
 DynamicLibraryLoadException::~DynamicLibraryLoadException() = default;

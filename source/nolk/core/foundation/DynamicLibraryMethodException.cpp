@@ -1,7 +1,8 @@
 #include <nolk/core/DynamicLibraryMethodException.h>
 
-#include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/MessageIds.h>
+
+#include "nolk/core/foundation/FixedText.h"
 
 #include <new>
 
@@ -11,9 +12,7 @@ DynamicLibraryMethodException::DynamicLibraryMethodException(const ExceptionInfo
                                                              const std::string& methodName,
                                                              const std::string& dllName)
     : DynamicLibraryException(info), methodName_(methodName), dllName_(dllName) {
-    setMessage(message(NOLK_CORE_DYNAMIC_LIBRARY_METHOD_NOT_FOUND, methodName, dllName)
-                   .getMessage()
-                   .c_str());
+    setMessage(fixedText(NOLK_CORE_DYNAMIC_LIBRARY_METHOD_NOT_FOUND, methodName, dllName).c_str());
 }
 
 DynamicLibraryMethodException::~DynamicLibraryMethodException() = default;

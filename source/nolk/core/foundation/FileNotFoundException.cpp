@@ -1,7 +1,8 @@
 #include <nolk/core/FileNotFoundException.h>
 
-#include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/MessageIds.h>
+
+#include "nolk/core/foundation/FixedText.h"
 
 #include <new>
 
@@ -9,7 +10,7 @@ namespace nolk {
 
 FileNotFoundException::FileNotFoundException(const ExceptionInfo& info, const std::string& fileName)
     : FileException(info), fileName_(fileName) {
-    setMessage(message(NOLK_CORE_FILE_NOT_FOUND, fileName).getMessage().c_str());
+    setMessage(fixedText(NOLK_CORE_FILE_NOT_FOUND, fileName).c_str());
 }
 
 FileNotFoundException::~FileNotFoundException() = default;

@@ -1,7 +1,8 @@
 #include <nolk/core/NotImplementedException.h>
 
-#include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/MessageIds.h>
+
+#include "nolk/core/foundation/FixedText.h"
 
 #include <new>
 
@@ -10,7 +11,7 @@ namespace nolk {
 NotImplementedException::NotImplementedException(const ExceptionInfo& info,
                                                  const std::string& function)
     : Exception(info) {
-    setMessage(message(NOLK_CORE_NOT_IMPLEMENTED, function).getMessage().c_str());
+    setMessage(fixedText(NOLK_CORE_NOT_IMPLEMENTED, function).c_str());
 }
 
 NotImplementedException::~NotImplementedException() = default;

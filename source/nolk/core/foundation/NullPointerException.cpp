@@ -1,14 +1,15 @@
 #include <nolk/core/NullPointerException.h>
 
-#include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/MessageIds.h>
+
+#include "nolk/core/foundation/FixedText.h"
 
 #include <new>
 
 namespace nolk {
 
 NullPointerException::NullPointerException(const ExceptionInfo& info) : Exception(info) {
-    setMessage(message(NOLK_CORE_NULL_POINTER).getMessage().c_str());
+    setMessage(fixedText(NOLK_CORE_NULL_POINTER).c_str());
 }
 
 NullPointerException::~NullPointerException() = default;

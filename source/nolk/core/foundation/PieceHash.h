@@ -1,3 +1,6 @@
+/** @file
+ * The string hash of a text that nobody holds in one piece.
+ */
 #ifndef NOLK_CORE_FOUNDATION_PIECE_HASH_H
 #define NOLK_CORE_FOUNDATION_PIECE_HASH_H
 
@@ -20,6 +23,7 @@ public:
     /** Begins a text of `length` bytes in all. */
     explicit PieceHash(std::size_t length) noexcept : hash_(static_cast<std::uint32_t>(length)) {}
 
+    /** Goes on with the next bytes, of which there may be none. */
     void add(std::string_view piece) noexcept {
         std::size_t next = 0;
         if (count_ == 0) {
@@ -36,7 +40,7 @@ public:
         }
     }
 
-    /** The hash, once the whole text was added. */
+    /** The hash. @pre the whole text was added, and this is asked once */
     std::uint32_t finish() noexcept {
         if (count_ != 0) {
             fold(rest());

@@ -1,14 +1,15 @@
 #include <nolk/core/QueueClosedException.h>
 
-#include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/MessageIds.h>
+
+#include "nolk/core/foundation/FixedText.h"
 
 #include <new>
 
 namespace nolk {
 
 QueueClosedException::QueueClosedException(const ExceptionInfo& info) : QueueException(info) {
-    setMessage(message(NOLK_CORE_QUEUE_CLOSED).getMessage().c_str());
+    setMessage(fixedText(NOLK_CORE_QUEUE_CLOSED).c_str());
 }
 
 QueueClosedException::~QueueClosedException() = default;

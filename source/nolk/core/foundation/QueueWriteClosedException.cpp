@@ -1,7 +1,8 @@
 #include <nolk/core/QueueWriteClosedException.h>
 
-#include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/MessageIds.h>
+
+#include "nolk/core/foundation/FixedText.h"
 
 #include <new>
 
@@ -9,7 +10,7 @@ namespace nolk {
 
 QueueWriteClosedException::QueueWriteClosedException(const ExceptionInfo& info)
     : QueueException(info) {
-    setMessage(message(NOLK_CORE_QUEUE_WRITE_CLOSED).getMessage().c_str());
+    setMessage(fixedText(NOLK_CORE_QUEUE_WRITE_CLOSED).c_str());
 }
 
 QueueWriteClosedException::~QueueWriteClosedException() = default;

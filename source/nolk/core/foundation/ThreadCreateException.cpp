@@ -1,7 +1,8 @@
 #include <nolk/core/ThreadCreateException.h>
 
-#include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/MessageIds.h>
+
+#include "nolk/core/foundation/FixedText.h"
 
 #include <new>
 
@@ -9,7 +10,7 @@ namespace nolk {
 
 ThreadCreateException::ThreadCreateException(const ExceptionInfo& info, const std::string& error)
     : ThreadException(info), error_(error) {
-    setMessage(message(NOLK_CORE_THREAD_CREATE_FAILED, error).getMessage().c_str());
+    setMessage(fixedText(NOLK_CORE_THREAD_CREATE_FAILED, error).c_str());
 }
 
 ThreadCreateException::~ThreadCreateException() = default;

@@ -1,7 +1,8 @@
 #include <nolk/core/ThreadSystemException.h>
 
-#include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/MessageIds.h>
+
+#include "nolk/core/foundation/FixedText.h"
 
 #include <new>
 
@@ -9,7 +10,7 @@ namespace nolk {
 
 ThreadSystemException::ThreadSystemException(const ExceptionInfo& info, const std::string& error)
     : ThreadException(info), error_(error) {
-    setMessage(message(NOLK_CORE_THREAD_GENERAL_ERROR, error).getMessage().c_str());
+    setMessage(fixedText(NOLK_CORE_THREAD_GENERAL_ERROR, error).c_str());
 }
 
 ThreadSystemException::~ThreadSystemException() = default;

@@ -1,7 +1,8 @@
 #include <nolk/core/XmlParseAttributeNotFoundException.h>
 
-#include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/MessageIds.h>
+
+#include "nolk/core/foundation/FixedText.h"
 
 #include <new>
 
@@ -10,7 +11,7 @@ namespace nolk {
 XmlParseAttributeNotFoundException::XmlParseAttributeNotFoundException(const ExceptionInfo& info,
                                                                        const std::string& attrName)
     : XmlParseException(info), attrName_(attrName) {
-    setMessage(message(NOLK_CORE_XML_PARSE_ATTRIBUTE_NOT_FOUND, attrName).getMessage().c_str());
+    setMessage(fixedText(NOLK_CORE_XML_PARSE_ATTRIBUTE_NOT_FOUND, attrName).c_str());
 }
 
 XmlParseAttributeNotFoundException::~XmlParseAttributeNotFoundException() = default;
