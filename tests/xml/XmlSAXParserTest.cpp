@@ -181,6 +181,16 @@ TEST(XmlSAXParser, AttributeReferencesFollowTheSetting) {
     }
 }
 
+TEST(XmlSAXParser, TheExpansionIsThatOfTheStartOfTheParse) {
+    Events events;
+    Recorder recorder(events);
+    XmlSAXParser parser;
+    recorder.hook = [&](std::size_t) { parser.setExpandAttributeReference(false); };
+    parser.setContentHandler(&recorder);
+    parser.parse("<a b='&lt;'><c b='&lt;'/></a>");
+    EXPECT_EQ(events, (Events{"<a b=<", "<c b=<", ">c", ">a"}));
+}
+
 TEST(XmlSAXParser, TheSecondStringIsNotRead) {
     Events events;
     Recorder recorder(events);
@@ -496,6 +506,17 @@ TEST(NestableXmlContentHandler, TakesASubtreeAndGivesItsEndBack) {
 TEST(NestableXmlContentHandler, WorksForAnEmptyElementAlike) {
     EXPECT_EQ(nestedEventsOf("<a><x/>4</a>"),
               (Events{"parent<a", "parent<x", "child>x", "parent>x", "parent'4", "parent>a"}));
+}
+
+TEST(NestableXmlContentHandler, TheParentIsBackWhenItIsToldTheEnd) {
+    Events events;
+    XmlSAXParser parser;
+    Recorder parent(events, "parent");
+    XmlContentHandler* installed = nullptr;
+    parent.hook = [&](std::size_t) { installed = parser.getContentHandler(); };
+    Child child(&parser, &parent, events);
+    child.endElement(XmlName("x"));
+    EXPECT_EQ(installed, &parent);
 }
 
 TEST(NestableXmlContentHandler, HandsBackOnlyWithParserAndParent) {

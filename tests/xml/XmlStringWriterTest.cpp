@@ -200,6 +200,26 @@ TEST(XmlStringWriter, CopiesHaveABufferOfTheirOwn) {
     EXPECT_EQ(writer.getString(), "ab");
 }
 
+TEST(XmlStringWriter, CopiesGoOnWhereTheOriginalStands) {
+    const XmlName a("a", XmlNamespace("p", "u"));
+    XmlStringWriter writer;
+    writer.setIgnoreWhitespace(false);
+    writer.setCurrentIndent(2);
+    writer.setMustEscapeTextDefault(false);
+    writer.writeElementStart(a);
+    writer.writeNewLine();
+    XmlStringWriter copy(writer);
+    copy.write("<");
+    copy.writeElementEnd(a);
+    EXPECT_EQ(copy.getString(), "<p:a xmlns:p=\"u\">\n  <</p:a>");
+
+    XmlStringWriter declaring;
+    declaring.addNamespaceDecl(XmlNamespace("q", "v"));
+    XmlStringWriter declared(declaring);
+    declared.writeElementStart(XmlName("a"), XmlAttributeSet(), true);
+    EXPECT_EQ(declared.getString(), "<a xmlns:q=\"v\"/>");
+}
+
 TEST(XmlStringWriter, ACopyOfAWriterWithoutBufferHasNone) {
     const XmlStringWriter writer(0);
     const XmlStringWriter copy(writer);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -194,6 +195,14 @@ TEST(XmlWriter, NewLineIsOneLineFeed) {
     EXPECT_EQ(writer.pieces, Pieces{"\n"});
 }
 
+TEST(XmlWriter, EachNewLineIsWritten) {
+    PieceWriter writer;
+    writer.setIgnoreWhitespace(false);
+    writer.writeNewLine();
+    writer.writeNewLine();
+    EXPECT_EQ(writer.text(), "\n\n");
+}
+
 TEST(XmlWriter, TheIndentIsWrittenOnceForALine) {
     PieceWriter writer;
     writer.setIgnoreWhitespace(false);
@@ -206,6 +215,18 @@ TEST(XmlWriter, TheIndentIsWrittenOnceForALine) {
     writer.write("x", false);
     writer.write("y", false);
     EXPECT_EQ(writer.text(), "\n  xy");
+}
+
+TEST(XmlWriter, ALineStaysToBeIndentedUntilItIs) {
+    PieceWriter writer;
+    writer.setIgnoreWhitespace(false);
+    writer.setCurrentIndent(2);
+    writer.writeNewLine();
+    writer.setIgnoreWhitespace(true);
+    writer.write("x", false);
+    writer.setIgnoreWhitespace(false);
+    writer.write("y", false);
+    EXPECT_EQ(writer.text(), "\nx  y");
 }
 
 TEST(XmlWriter, EachKindOfOutputIndentsFirst) {
@@ -694,6 +715,33 @@ TEST(XmlWriter, URIsAreWrittenAsTheyAre) {
                   w.writeElementStart(XmlName("a", XmlNamespace("p", "x&y<z")), {}, true);
               }),
               "<p:a xmlns:p=\"x&y<z\"/>");
+}
+
+TEST(XmlWriter, NamesAreWrittenAsTheyAre) {
+    const XmlName odd("l<&\"", XmlNamespace("p<&\"", "u"));
+    XmlAttributeSet attributes;
+    attributes.add(XmlName("a<&\""), "v");
+    EXPECT_EQ(written([&](XmlWriter& writer) {
+                  writer.writeElementStart(odd, attributes);
+                  writer.writeElementStart(odd, attributes);
+                  writer.writeSimpleElement(odd, "t", XmlName(), false);
+                  writer.writeElementEnd(odd);
+                  writer.writeElementEnd(odd);
+              }),
+              "<p<&\":l<&\" xmlns:p<&\"=\"u\" a<&\"=\"v\">"
+              "<p<&\":l<&\" a<&\"=\"v\">"
+              "<p<&\":l<&\">t</p<&\":l<&\">"
+              "</p<&\":l<&\"></p<&\":l<&\">");
+}
+
+TEST(XmlWriter, AnEmptyElementClosesItsScopeInFrontOfItsEnding) {
+    PieceWriter writer;
+    writer.failAt = 2;  // "<a", " x=...", "/>"
+    XmlAttributeSet attributes;
+    attributes.add(XmlName("x"), "1");
+    EXPECT_THROW(writer.writeElementStart(XmlName("a"), attributes, true), std::runtime_error);
+    EXPECT_EQ(writer.text(), "<a x=\"1\"");
+    EXPECT_EQ(writer.getNamespaceStack().depth(), 1u);
 }
 
 TEST(XmlWriter, LongNamesAndURIsAreWrittenWhole) {
@@ -1413,6 +1461,26 @@ TEST(XmlWriter, SimpleElementWithATextTypeWritesItAsItIs) {
     EXPECT_EQ(writer.text(), "<a" + xsiDeclaration + " xsi:type=\"any:thing\">v</a>");
 }
 
+TEST(XmlWriter, ATypeGivenAsTextIsAnAttributeValueLikeOthers) {
+    const auto typed = [](bool escape) {
+        return written([escape](XmlWriter& writer) {
+            writer.setMustEscapeTextDefault(escape);
+            writer.writeSimpleElement(XmlName("a"), "v", std::string("a<b&c"), true);
+        });
+    };
+    EXPECT_EQ(typed(true), "<a" + xsiDeclaration + " xsi:type=\"a&lt;b&amp;c\">v</a>");
+    EXPECT_EQ(typed(false), "<a" + xsiDeclaration + " xsi:type=\"a<b&c\">v</a>");
+}
+
+TEST(XmlWriter, TheTypeFollowsTheNamespaceOfInstances) {
+    const XmlNamespace before = XmlNamespace::getXsi();
+    XmlNamespace::getXsi() = XmlNamespace("i", "urn:instances");
+    PieceWriter writer;
+    writer.writeElementStart(XmlName("a"), XmlAttributeSet(), true, XmlName("t"));
+    XmlNamespace::getXsi() = before;
+    EXPECT_EQ(writer.text(), "<a xmlns:i=\"urn:instances\" i:type=\"t\"/>");
+}
+
 TEST(XmlWriter, SimpleElementWithATextTypeReplacesAGivenXsiType) {
     XmlAttributeSet attributes;
     attributes.add(XmlName("type", XmlNamespace("i", xsi)), "old");
@@ -1628,6 +1696,23 @@ TEST(XmlWriter, ACopyTakesSettingsScopesAndDeclarations) {
     check(assigned);
     EXPECT_EQ(writer.getNamespaceStack().depth(), 1u) << "the original is left alone";
     check(writer);
+}
+
+// What a writer remembers of its look-ups is about its own scopes.
+TEST(XmlWriter, ACopyOutlivesWhatItsOriginalRemembered) {
+    const XmlName outer("a", XmlNamespace("p", "urn:a-namespace"));
+    auto original = std::make_unique<XmlStringWriter>();
+    original->writeElementStart(outer);
+    original->writeElementStart(outer, XmlAttributeSet(), true);
+    XmlStringWriter copy(*original);
+    original->writeElementEnd(outer);
+    original.reset();
+    copy.writeElementStart(XmlName("b"));
+    copy.addNamespace(XmlNamespace("q", "urn:a-namespace"));
+    copy.writeElementStart(outer, XmlAttributeSet(), true);
+    copy.writeElementEnd(XmlName("b"));
+    copy.writeElementStart(outer, XmlAttributeSet(), true);
+    EXPECT_EQ(copy.getString(), "<p:a xmlns:p=\"urn:a-namespace\"><p:a/><b><q:a/></b><p:a/>");
 }
 
 TEST(XmlWriter, AssignmentToItselfDoesNothing) {

@@ -35,7 +35,7 @@ class XmlReaderImp;
  * built in), and hands out text in two forms: operations with the suffix `I` return views into that
  * copy, without allocation, which live as long as the reader, until text under them is read again,
  * and at most until an XML declaration inside the document converts it; the others return owning
- * copies.
+ * copies. Where they return a reference, the view or list itself is good until the next read.
  *
  * It is made for machine-written messages, fast and forgiving, and is no validating processor: a
  * DOCTYPE is skipped, processing instructions and comments are not reported, an undeclared prefix
@@ -50,10 +50,10 @@ class XmlReaderImp;
 class NOLK_API XmlReader : public HandleBase {
 public:
     /**
-     * What the reader stands on: `Unknown` before anything is read and never again, then a tag, the
-     * document's element. From there any node may follow any other, as the document has it: that
-     * end tags close what was opened is up to readElementEnd(name). Reading the end of an element,
-     * or all of it, makes an `EndTag` of an empty tag.
+     * What the reader stands on: `Unknown` before anything is read and never again. Any node may
+     * follow any other, as the document has it: that end tags close what was opened is up to
+     * readElementEnd(name). Reading the end of an element, or all of it, makes an `EndTag` of an
+     * empty tag.
      */
     enum NodeType { StartTag, EndTag, EmptyTag, Data, Unknown };
 
@@ -103,8 +103,7 @@ public:
 
     NodeType getLastNodeType() const;
 
-    /** The name of the last tag; a text doesn't change it. The reference of the second form holds
-     * until the next read, what it views as long as the document. */
+    /** The name of the last tag; a text doesn't change it. */
     XmlName getLastName() const;
     const XmlReaderName& getLastNameI() const;
 

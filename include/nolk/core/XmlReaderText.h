@@ -21,7 +21,7 @@ public:
 
     /** Room for `length` bytes of any value. Throws std::bad_alloc. */
     explicit XmlReaderText(std::size_t length)
-        : block_(new (::operator new(sizeof(Block) + length)) Block{1}) {}
+        : block_(new (::operator new(sizeof(Block) + length)) Block{1, false}) {}
 
     XmlReaderText(const XmlReaderText& other) noexcept : block_(other.block_) {
         if (block_ != nullptr) {
@@ -48,12 +48,18 @@ public:
         return block_ == nullptr ? nullptr : reinterpret_cast<char*>(block_ + 1);
     }
 
+    /** Notes that a byte outside ASCII was written over one of ASCII. @pre there are bytes; the
+     * readers that share them are used by one thread at a time. */
+    void noteWrittenHigh() noexcept { block_->writtenHigh = true; }
+    bool isWrittenHigh() const noexcept { return block_->writtenHigh; }
+
     /** Whether both share the same bytes. */
     bool operator==(const XmlReaderText& other) const noexcept = default;
 
 private:
     struct Block {
-        std::atomic<std::uint64_t> users;
+        std::atomic<std::uint32_t> users;
+        bool writtenHigh;
     };
 
     // The only user needn't count itself out: nobody else can come by the bytes.

@@ -44,7 +44,8 @@ public:
     virtual ~XmlWriter();
 
     /** @name The sink
-     * Text arrives in pieces, which may be empty: one for each text, attribute and tag. @{ */
+     * Text arrives in pieces, which may be empty: one for each text, attribute and tag, but for the
+     * end of a tag with attributes, which comes by itself, and for indents. @{ */
     virtual void writeToSink(char c) = 0;
     virtual void writeToSink(const char* data, unsigned int length) = 0;
 
@@ -173,7 +174,8 @@ private:
     void processNamespaceDecls(const XmlAttributeSet& attributes);
     std::string declareType(const XmlName& typeName);
     void writeTag(const XmlName& name, const XmlNamespace* bound, const XmlAttributeSet& attributes,
-                  bool isEmpty, const std::string* type);
+                  bool isEmpty, const XmlAttribute* type);
+    void closeIfEmpty(bool isEmpty);
     const XmlNamespace* findBinding(const std::string& uri, bool skipDefault) noexcept;
     const std::string& defaultURI() noexcept;
     std::string_view elementPrefix(const XmlName& name) noexcept;

@@ -66,9 +66,8 @@ inline Word wordAt(const char* p) noexcept {
 /** Whether the first and the last word of n bytes agree. */
 template <class Word>
 inline bool equalBothEnds(const char* a, const char* b, std::size_t n) noexcept {
-    const std::size_t last = n - sizeof(Word);
     return ((wordAt<Word>(a) ^ wordAt<Word>(b)) |
-            (wordAt<Word>(a + last) ^ wordAt<Word>(b + last))) == 0;
+            (wordAt<Word>(a + n - sizeof(Word)) ^ wordAt<Word>(b + n - sizeof(Word)))) == 0;
 }
 
 /** Whether both texts have the same bytes. */
@@ -83,8 +82,8 @@ inline bool equalTexts(std::string_view a, std::string_view b) noexcept {
         return std::memcmp(p, q, n) == 0;
     }
     if (n >= 16) {
-        return equalBothEnds<std::uint64_t>(p, q, n) &&
-               equalBothEnds<std::uint64_t>(p + 8, q + 8, n - 16);
+        return equalBothEnds<std::uint64_t>(p, q, 16) &&
+               equalBothEnds<std::uint64_t>(p + n - 16, q + n - 16, 16);
     }
     if (n >= 8) {
         return equalBothEnds<std::uint64_t>(p, q, n);

@@ -22,7 +22,7 @@ struct XmlReaderImp::Aside {
     char* savedBegin = nullptr;
     char* savedLast = nullptr;
     char* savedContentStart = nullptr;
-    const char* asciiTo = nullptr;  // if set, all before it is ASCII, and so was all behind it
+    const char* asciiTo = nullptr;  // if set, the text was ASCII when the cursor stood here
 
     std::forward_list<CountingPointer<XmlNamespace>> ownedNamespaces;
     std::unique_ptr<PrefixIndex> prefixIndex;  // null while walking the scopes is fast

@@ -125,10 +125,11 @@ bool XmlReaderImp::isConverted() const {
 }
 
 bool XmlReaderImp::isPlainAscii() {
-    // Bytes before the cursor don't change any more, and those behind it haven't changed yet.
+    // What was ASCII stays so, wherever text is moved to, unless a reference stood for more.
     const char*& asciiTo = aside().asciiTo;
-    const char* from = asciiTo != nullptr ? asciiTo : begin_;
-    const char* to = asciiTo != nullptr ? cursor_ - 1 : last_;
+    const bool known = asciiTo != nullptr && !buffer_.isWrittenHigh();
+    const char* from = known ? asciiTo : begin_;
+    const char* to = known ? cursor_ - 1 : last_;
     if (xmlscan::scan<xmlscan::HighStops>(from, to) <= to) {
         return false;
     }

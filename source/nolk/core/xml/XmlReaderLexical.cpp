@@ -169,6 +169,9 @@ void XmlReaderImp::readReference(char*& out) {
         value = value * base + digit;
     }
     out += writeReferenced(out, value);
+    if (value >= 0x80) {
+        buffer_.noteWrittenHigh();
+    }
 }
 
 }  // namespace nolk

@@ -3,6 +3,8 @@
 
 #include <nolk/core/XmlReaderImp.h>
 
+#include <functional>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -45,7 +47,7 @@ public:
 
     /** Takes in a binding of the innermost scope; of two of one prefix there the first stands. */
     void bind(std::uint32_t scope, const XmlReaderNamespace& binding) {
-        Uris& uris = uris_[binding.prefix.view()];
+        Uris& uris = uris_.try_emplace(std::string(binding.prefix.view())).first->second;
         if (uris.empty() || uris.back().first != scope) {
             uris.emplace_back(scope, binding.uri);
         }
@@ -65,7 +67,12 @@ public:
 private:
     using Uris = std::vector<std::pair<std::uint32_t, XmlReaderString>>;  // innermost last
 
-    std::unordered_map<std::string_view, Uris> uris_;
+    struct Hash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+
+    // Own keys: those of closed scopes may lie where a child reader moves text.
+    std::unordered_map<std::string, Uris, Hash, std::equal_to<>> uris_;
 };
 
 }  // namespace nolk

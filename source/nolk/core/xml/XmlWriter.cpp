@@ -96,27 +96,26 @@ bool isDefaultDeclaration(const XmlAttribute& attribute) {
            attribute.getName().getLocalName() == xmlns;
 }
 
-const XmlName& typeAttributeName() {
-    static const XmlName& name = *new XmlName("type", XmlNamespace::getXsi());
-    return name;
+XmlName typeAttributeName() {
+    return XmlName("type", XmlNamespace::getXsi());
 }
 
 // Visits the attributes that are no declarations. A type takes the place of a present xsi:type
 // under the prefix that this one has, or comes last.
 template <class Visitor>
-void forEachPlain(const XmlAttributeSet& attributes, const std::string* type, Visitor visit) {
+void forEachPlain(const XmlAttributeSet& attributes, const XmlAttribute* type, Visitor visit) {
     for (auto it = attributes.getIteratorBegin(); it != attributes.getIteratorEnd(); ++it) {
         if (isPrefixDeclaration(*it) || isDefaultDeclaration(*it)) {
             continue;
         }
-        if (type != nullptr && it->getName() == typeAttributeName()) {
-            visit(it->getName(), *std::exchange(type, nullptr));
+        if (type != nullptr && it->getName() == type->getName()) {
+            visit(it->getName(), std::exchange(type, nullptr)->getValue());
         } else {
             visit(it->getName(), it->getValue());
         }
     }
     if (type != nullptr) {
-        visit(typeAttributeName(), *type);
+        visit(type->getName(), type->getValue());
     }
 }
 
@@ -452,21 +451,26 @@ std::string XmlWriter::declareType(const XmlName& typeName) {
 void XmlWriter::writeElementStart(const XmlName& name, const XmlAttributeSet& attributes,
                                   bool isEmpty, const XmlName& typeName) {
     namespaces_.pushScope();
-    if (!Output(*this).writePlainTag(name, attributes, isEmpty, typeName)) {
-        processNamespaceDecls(attributes);
-        if (namespaces_.depth() == firstLevel) {
-            for (const XmlNamespace& ns : namespaceDecls_) {
-                addNamespaceToScopeIfNecessary(ns, false);
-            }
-        }
-        const XmlNamespace* bound = addNamespaceToScopeIfNecessary(name.getNamespace(), false);
-        if (typeName.getLocalName().empty()) {
-            writeTag(name, bound, attributes, isEmpty, nullptr);
-        } else {
-            const std::string type = declareType(typeName);
-            writeTag(name, nullptr, attributes, isEmpty, &type);
+    if (Output(*this).writePlainTag(name, attributes, isEmpty, typeName)) {
+        closeIfEmpty(isEmpty);
+        return;
+    }
+    processNamespaceDecls(attributes);
+    if (namespaces_.depth() == firstLevel) {
+        for (const XmlNamespace& ns : namespaceDecls_) {
+            addNamespaceToScopeIfNecessary(ns, false);
         }
     }
+    const XmlNamespace* bound = addNamespaceToScopeIfNecessary(name.getNamespace(), false);
+    if (typeName.getLocalName().empty()) {
+        writeTag(name, bound, attributes, isEmpty, nullptr);
+    } else {
+        const XmlAttribute type(typeAttributeName(), declareType(typeName));
+        writeTag(name, nullptr, attributes, isEmpty, &type);
+    }
+}
+
+inline void XmlWriter::closeIfEmpty(bool isEmpty) {
     if (isEmpty) {
         namespaces_.popScope();
     }
@@ -474,7 +478,8 @@ void XmlWriter::writeElementStart(const XmlName& name, const XmlAttributeSet& at
 
 // `bound` is the binding of the element's URI if that is known; the attributes may change it.
 void XmlWriter::writeTag(const XmlName& name, const XmlNamespace* bound,
-                         const XmlAttributeSet& attributes, bool isEmpty, const std::string* type) {
+                         const XmlAttributeSet& attributes, bool isEmpty,
+                         const XmlAttribute* type) {
     bool bare = true;
     forEachPlain(attributes, type, [this, &bare](const XmlName& attribute, const std::string&) {
         addNamespaceToScopeIfNecessary(attribute.getNamespace(), true);
@@ -483,13 +488,14 @@ void XmlWriter::writeTag(const XmlName& name, const XmlNamespace* bound,
     const std::string_view ending = tagEnding(isEmpty);
     if (bare) {
         writeOpening(bound != nullptr ? prefixOf(bound) : elementPrefix(name), name, ending);
-        return;
+        return closeIfEmpty(isEmpty);
     }
     writeOpening(elementPrefix(name), name, {});
     forEachPlain(attributes, type, [this](const XmlName& attribute, const std::string& value) {
         writeAttributeParts(prefixOf(findBinding(attribute.getNamespace().getURI(), true)),
                             attribute.getLocalName(), value, mustEscapeTextDefault_);
     });
+    closeIfEmpty(isEmpty);
     Output(*this).send(ending.size(), [=](char* out) { return append(out, ending); });
 }
 
