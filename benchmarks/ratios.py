@@ -1,15 +1,19 @@
 #!/usr/bin/env python3
-"""Prints what a run of xml_benchmarks means: how fast we are beside the fastest peer on each row.
+"""Prints what a run of benchmarks means: how fast we are beside the peers on each row.
 
-usage: ratios.py RESULTS.json
+usage: ratios.py xml|strings RESULTS.json...
 
 The results are Google Benchmark's JSON. Of several repetitions the fastest counts: other work on
-the machine only ever slows one down. Ratios compare across machines, the MB/s beside them don't.
+the machine only ever slows one down. Ratios compare across machines, the numbers beside them don't.
 """
 import json
+import pathlib
+import re
 import sys
 
-ROWS = ["soap", "attributes", "text", "nonascii", "envelope", "write"]
+# ---- XML: rows are documents, and each has the speed of every parser.
+
+DOCUMENTS = ["soap", "attributes", "text", "nonascii", "envelope", "write"]
 
 # (heading, ours, peers to be compared with, what the fastest of them must be exceeded by)
 PULL_PEERS = ["expat", "expat_ns", "libxml2_sax", "libxml2_reader", "pugixml", "rapidxml",
@@ -21,20 +25,48 @@ COMPARISONS = [
     ("writer / plain appends", "nolk_writer", ["string_appends"], None),
 ]
 
+# ---- Strings: rows are operations with their sizes or texts, and each has the time of every class,
+# as in "find<std::string>/200" or "find/u16string/200".
 
-def best_speeds(path):
+RUN_NAME = re.compile(r"(\w+)(?:<([\w:]+)>|/([A-Za-z]\w*))(?:/(.*))?")
+OURS = {"CString", "UString", "Nolk", "nolk"}
+
+# (operation, what it works on, peer, what our speed must be of the peer's); the first that fits
+# counts. Peers that none fits are shown without.
+GOALS = [
+    (r"copy", r"10000", r"std::string", 5.0),
+    (r"find\w*", r".*", r"std::string_view", 1.0),
+    (r"construct|copy|compare|equal|find\w*|append\w*", r"12|200", r"std::string", 1 / 1.2),
+    (r"(compare|find)\w*", r"200", r"u16string", 5.0),
+    (r"decode|encode", r"ascii|latin|cjk", r"QString", 1.0),
+    (r"decode", r"ascii_24_bytes", r"QString", 16 / 25),
+    (r"base64\w+", r"1\d{6}", r"OpenSSL\w*", 1.0),
+    (r"crc", r"1\d{6}", r"zlib", 1.0),
+]
+
+
+def runs(paths):
+    """All single runs, without the sums over repetitions."""
+    for path in paths:
+        with open(path, encoding="utf-8") as file:
+            for run in json.load(file)["benchmarks"]:
+                if run.get("run_type") != "aggregate" and not run.get("error_occurred"):
+                    yield run
+
+
+def mark(ratio, wanted):
+    return "" if wanted is None or ratio >= wanted else "   <-- behind"
+
+
+def best_speeds(paths):
     """MB/s by document and parser, in the order of the run."""
-    with open(path, encoding="utf-8") as file:
-        results = json.load(file)["benchmarks"]
     speeds = {}
-    for result in results:
-        if result.get("run_type") == "aggregate":
-            continue
-        document, _, parser = result["run_name"].partition("/")
-        speed = result["bytes_per_second"] / 1e6
+    for run in runs(paths):
+        document, _, parser = run["run_name"].partition("/")
+        speed = run["bytes_per_second"] / 1e6
         row = speeds.setdefault(document, {})
         row[parser] = max(row.get(parser, 0.0), speed)
-    return {document: speeds[document] for document in ROWS if document in speeds}
+    return {document: speeds[document] for document in DOCUMENTS if document in speeds}
 
 
 def print_speeds(speeds):
@@ -44,7 +76,10 @@ def print_speeds(speeds):
             print(f"    {parser:16} {row[parser]:9.0f}")
 
 
-def print_ratios(speeds):
+def print_xml(paths):
+    speeds = best_speeds(paths)
+    print_speeds(speeds)
+    print()
     print(f"{'':30}{'row':12}{'ratio':>7}{'wanted':>8}  fastest peer")
     for heading, ours, peers, wanted in COMPARISONS:
         for document, row in speeds.items():
@@ -54,17 +89,70 @@ def print_ratios(speeds):
             peer = max(rivals, key=row.get)
             ratio = row[ours] / row[peer]
             goal = "" if wanted is None else f"{wanted:.1f}"
-            mark = "" if wanted is None or ratio >= wanted else "   <-- behind"
-            print(f"{heading:30}{document:12}{ratio:7.2f}{goal:>8}  {peer}{mark}")
+            print(f"{heading:30}{document:12}{ratio:7.2f}{goal:>8}  {peer}{mark(ratio, wanted)}")
+
+
+def best_times(path):
+    """Nanoseconds of CPU time by (operation, subject) and class, and bytes where there are any."""
+    units = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+    times, sizes = {}, {}
+    for run in runs([path]):
+        match = RUN_NAME.fullmatch(run["run_name"])
+        if not match:
+            sys.exit(f"no operation, class and subject: {run['run_name']}")
+        operation, name, subject = match[1], match[2] or match[3], match[4] or ""
+        time = run["cpu_time"] * units[run["time_unit"]]
+        row = times.setdefault((operation, subject), {})
+        row[name] = min(row.get(name, time), time)
+        if "bytes_per_second" in run:
+            sizes[operation, subject] = run["bytes_per_second"] * run["cpu_time"] * \
+                units[run["time_unit"]] / 1e9
+    return times, sizes
+
+
+def goal_for(operation, subject, peer):
+    for wanted_operation, wanted_subject, wanted_peer, goal in GOALS:
+        if re.fullmatch(wanted_operation, operation) and re.fullmatch(wanted_subject, subject) \
+                and re.fullmatch(wanted_peer, peer):
+            return goal
+    return None
+
+
+def natural(key):
+    """Sorts the numbers in subjects by their size."""
+    return [[(not part.isdigit(), int(part) if part.isdigit() else 0, part)
+             for part in re.split(r"(\d+)", text) if part] for text in key]
+
+
+def print_subject(path):
+    times, sizes = best_times(path)
+    for operation, subject in sorted(times, key=natural):
+        row = times[operation, subject]
+        speed = ""
+        for ours in OURS & row.keys():
+            if (operation, subject) in sizes:
+                speed = f"{sizes[operation, subject] / row[ours] * 1e3:.0f}"
+            for peer in sorted(row.keys() - OURS):
+                ratio = row[peer] / row[ours]
+                goal = goal_for(operation, subject, peer)
+                wanted = "" if goal is None else f"{goal:.2f}"
+                print(f"{operation:20}{subject:16}{row[ours]:12.1f}{speed:>8}{ratio:8.2f}"
+                      f"{wanted:>8}  {peer}{mark(ratio, goal)}")
+
+
+def print_strings(paths):
+    for path in paths:
+        print(pathlib.Path(path).stem.replace("_benchmarks", ""))
+        print(f"{'operation':20}{'on':16}{'ns':>12}{'MB/s':>8}{'ratio':>8}{'wanted':>8}  beside")
+        print_subject(path)
+        print()
 
 
 def main():
-    if len(sys.argv) != 2:
+    printers = {"xml": print_xml, "strings": print_strings}
+    if len(sys.argv) < 3 or sys.argv[1] not in printers:
         sys.exit(__doc__)
-    speeds = best_speeds(sys.argv[1])
-    print_speeds(speeds)
-    print()
-    print_ratios(speeds)
+    printers[sys.argv[1]](sys.argv[2:])
 
 
 if __name__ == "__main__":

@@ -14,7 +14,9 @@ case "${1:-}" in
         clang-16 libclang-rt-16-dev clang-format     # fuzz targets, format
         pkg-config gcovr                             # package consumer, coverage
         libbenchmark-dev libexpat1-dev libxml2-dev   # benchmarks and their peers
-        libpugixml-dev librapidxml-dev
+        libpugixml-dev librapidxml-dev qt6-base-dev
+        libicu-dev libssl-dev zlib1g-dev
+        gdb                                          # pretty printers
     ) ;;
 *)
     echo "usage: setup.sh [--all]" >&2

@@ -94,5 +94,25 @@ TEST(NolkIntHash, IsTheValueItself) {
     EXPECT_EQ(nolkIntHash(-1), 0xFFFFFFFFu);
 }
 
+TEST(NolkCrc32, OfNothingIsZero) {
+    EXPECT_EQ(nolkCrc32("", 0), 0u);
+    EXPECT_EQ(nolkCrc32(nullptr, 0), 0u);
+}
+
+// The first is the published check value of this variant. 255 * x^32 leaves 0xB1F740B4.
+TEST(NolkCrc32, HasTheValuesOfItsVariant) {
+    EXPECT_EQ(nolkCrc32("123456789", 9), 0xFC891918u);
+    EXPECT_EQ(nolkCrc32("\0", 1), 0xB1F7404Bu);    // ~(0xFFFFFF00 ^ 0xB1F740B4)
+    EXPECT_EQ(nolkCrc32("\xFF", 1), 0x000000FFu);  // ~(0xFFFFFF00 ^ 0)
+}
+
+TEST(NolkCrc32, TakesOnlyTheBytesGiven) {
+    EXPECT_EQ(nolkCrc32("123456789 and more", 9), 0xFC891918u);
+}
+
+TEST(NolkCrc32, CountsZeroBytes) {
+    EXPECT_NE(nolkCrc32("\0\0", 2), nolkCrc32("\0", 1));
+}
+
 }  // namespace
 }  // namespace nolk
