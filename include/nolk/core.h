@@ -16,6 +16,8 @@
 #include <nolk/core/ConversionException.h>
 #include <nolk/core/Converters.h>
 #include <nolk/core/CountingPointer.h>
+#include <nolk/core/DaylightBoundary.h>
+#include <nolk/core/DaylightRule.h>
 #include <nolk/core/DynamicLibraryException.h>
 #include <nolk/core/DynamicLibraryLoadException.h>
 #include <nolk/core/DynamicLibraryMethodException.h>
@@ -32,6 +34,7 @@
 #include <nolk/core/IntrusiveList.h>
 #include <nolk/core/IntrusiveListIterator.h>
 #include <nolk/core/IntrusiveListLink.h>
+#include <nolk/core/Iso8601DateTime.h>
 #include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/LoggerException.h>
 #include <nolk/core/MessageCatalogException.h>
@@ -55,6 +58,8 @@
 #include <nolk/core/ThreadException.h>
 #include <nolk/core/ThreadJoinException.h>
 #include <nolk/core/ThreadSystemException.h>
+#include <nolk/core/TimeZone.h>
+#include <nolk/core/TimeZoneSimple.h>
 #include <nolk/core/Types.h>
 #include <nolk/core/UConstSubString.h>
 #include <nolk/core/UConverter.h>
