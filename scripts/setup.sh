@@ -15,6 +15,7 @@ case "${1:-}" in
         pkg-config gcovr                             # package consumer, coverage
         libbenchmark-dev libexpat1-dev libxml2-dev   # benchmarks and their peers
         libpugixml-dev librapidxml-dev
+        libboost-regex-dev libicu-dev libpcre2-dev libre2-dev
     ) ;;
 *)
     echo "usage: setup.sh [--all]" >&2

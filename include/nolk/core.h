@@ -38,13 +38,17 @@
 #include <nolk/core/QueueException.h>
 #include <nolk/core/QueueWriteClosedException.h>
 #include <nolk/core/RefCountingObject.h>
+#include <nolk/core/Regex.h>
 #include <nolk/core/RegexException.h>
+#include <nolk/core/RegexMatchIterator.h>
+#include <nolk/core/RegexResult.h>
 #include <nolk/core/StaticCtor.h>
 #include <nolk/core/ThreadCreateException.h>
 #include <nolk/core/ThreadException.h>
 #include <nolk/core/ThreadJoinException.h>
 #include <nolk/core/ThreadSystemException.h>
 #include <nolk/core/Types.h>
+#include <nolk/core/URegexCategory.h>
 #include <nolk/core/XmlAttribute.h>
 #include <nolk/core/XmlAttributeSet.h>
 #include <nolk/core/XmlContentHandler.h>
@@ -70,5 +74,19 @@
 #include <nolk/core/XmlSchemaException.h>
 #include <nolk/core/XmlStringWriter.h>
 #include <nolk/core/XmlWriter.h>
+#include <nolk/core/regex/RegexAlternator.h>
+#include <nolk/core/regex/RegexArray.h>
+#include <nolk/core/regex/RegexBitmap.h>
+#include <nolk/core/regex/RegexBracketSet.h>
+#include <nolk/core/regex/RegexCompiler.h>
+#include <nolk/core/regex/RegexDecision.h>
+#include <nolk/core/regex/RegexImp.h>
+#include <nolk/core/regex/RegexProgram.h>
+#include <nolk/core/regex/RegexScan.h>
+#include <nolk/core/regex/RegexStateNode.h>
+#include <nolk/core/regex/RegexToken.h>
+#include <nolk/core/regex/RegexTriedList.h>
+#include <nolk/core/regex/RegexUnit.h>
+#include <nolk/core/regex/RegexWalker.h>
 
 #endif
