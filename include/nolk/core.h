@@ -51,7 +51,10 @@
 #include <nolk/core/QueueWriteClosedException.h>
 #include <nolk/core/QuotedPrintableEncoder.h>
 #include <nolk/core/RefCountingObject.h>
+#include <nolk/core/Regex.h>
 #include <nolk/core/RegexException.h>
+#include <nolk/core/RegexMatchIterator.h>
+#include <nolk/core/RegexResult.h>
 #include <nolk/core/StaticCtor.h>
 #include <nolk/core/StringTokenizer.h>
 #include <nolk/core/ThreadCreateException.h>
@@ -63,6 +66,10 @@
 #include <nolk/core/Types.h>
 #include <nolk/core/UConstSubString.h>
 #include <nolk/core/UConverter.h>
+#include <nolk/core/URegex.h>
+#include <nolk/core/URegexCategory.h>
+#include <nolk/core/URegexMatchIterator.h>
+#include <nolk/core/URegexResult.h>
 #include <nolk/core/UString.h>
 #include <nolk/core/UStringByteSource.h>
 #include <nolk/core/UStringConstIterator.h>
@@ -98,5 +105,19 @@
 #include <nolk/core/XmlSchemaException.h>
 #include <nolk/core/XmlStringWriter.h>
 #include <nolk/core/XmlWriter.h>
+#include <nolk/core/regex/RegexAlternator.h>
+#include <nolk/core/regex/RegexArray.h>
+#include <nolk/core/regex/RegexBitmap.h>
+#include <nolk/core/regex/RegexBracketSet.h>
+#include <nolk/core/regex/RegexCompiler.h>
+#include <nolk/core/regex/RegexDecision.h>
+#include <nolk/core/regex/RegexImp.h>
+#include <nolk/core/regex/RegexProgram.h>
+#include <nolk/core/regex/RegexScan.h>
+#include <nolk/core/regex/RegexStateNode.h>
+#include <nolk/core/regex/RegexToken.h>
+#include <nolk/core/regex/RegexTriedList.h>
+#include <nolk/core/regex/RegexUnit.h>
+#include <nolk/core/regex/RegexWalker.h>
 
 #endif

@@ -48,6 +48,7 @@ public:
 
 private:
     friend class UString;
+    friend class URegexResult;
 
     UStringConstIterator(const UString& text, unsigned position) noexcept
         : text_(&text), length_(text.length()), position_(position) {}

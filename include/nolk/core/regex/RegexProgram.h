@@ -1,0 +1,96 @@
+/** @file
+ * A compiled pattern.
+ */
+#ifndef NOLK_CORE_REGEX_REGEX_PROGRAM_H
+#define NOLK_CORE_REGEX_REGEX_PROGRAM_H
+
+#include <nolk/core/regex/RegexAlternator.h>
+#include <nolk/core/regex/RegexArray.h>
+#include <nolk/core/regex/RegexBitmap.h>
+#include <nolk/core/regex/RegexBracketSet.h>
+#include <nolk/core/regex/RegexStateNode.h>
+#include <nolk/core/regex/RegexUnit.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace nolk {
+
+/**
+ * What RegexCompiler makes of a pattern and RegexImp walks: the nodes, what they match, the
+ * alternations, and what is known of all matches. A value that doesn't change once it is made.
+ */
+template <typename T>
+struct RegexProgram {
+    using Unit = RegexUnit<T>;
+
+    std::vector<RegexStateNode> nodes;
+    std::vector<RegexBracketSet<T>> sets;
+    RegexArray<T, 32> text;
+    RegexAlternator alternator;
+    /** The node of each group. */
+    RegexArray<std::uint32_t, 16> groupNodes;
+    /** The number of groups. */
+    std::uint32_t subCount = 0;
+    /** Every match begins where the search does. */
+    bool isStartAnchored = false;
+    /** Every match ends at the end of the subject. */
+    bool isEndAnchored = false;
+    /** There is something in front of `^` or behind `$`. */
+    bool neverMatches = false;
+
+    /** @name What the first pass over the nodes finds, for searches
+     *  @{ */
+    /** No groups, no alternations, and never a decision to be saved. */
+    bool isLinear = false;
+    /** A match may consume nothing. It errs towards yes. */
+    bool mayBeEmpty = true;
+    /** Unless it may be empty, every match begins with one of these units... */
+    RegexBitmap firstUnits;
+    /** ... or with one above 255. */
+    bool mayBeginHigh = false;
+    /** A node for one unit: every match is a run of it, and then the text of the node behind. */
+    std::uint32_t leadingRun = regexNone;
+    /** @} */
+
+    std::uint32_t success() const noexcept { return static_cast<std::uint32_t>(nodes.size()) - 2; }
+    std::uint32_t fail() const noexcept { return static_cast<std::uint32_t>(nodes.size()) - 1; }
+
+    /** Whether a node for one unit matches a unit. @pre it is a literal or a set */
+    bool matchesUnit(const RegexStateNode& node, T unit) const {
+        return node.kind == RegexNodeKind::literal ? Unit::value(unit) == node.operand
+                                                   : sets[node.operand].contains(unit);
+    }
+    /** Whether a node's text stands at `p`. @pre it is a text, which has two units or more */
+    bool matchesText(const RegexStateNode& node, const T* p, const T* end) const {
+        const T* const wanted = text.data() + node.operand;
+        if (static_cast<std::size_t>(end - p) < node.operandLength || p[0] != wanted[0] ||
+            p[1] != wanted[1]) {
+            return false;
+        }
+        std::uint32_t i = 2;
+        while (i < node.operandLength && p[i] == wanted[i]) {
+            ++i;
+        }
+        return i == node.operandLength;
+    }
+
+    /** The end of the units from `p` on that a node for one unit matches. @pre as matchesUnit() */
+    const T* runEnd(const RegexStateNode& node, const T* p, const T* end) const {
+        if (node.kind == RegexNodeKind::literal) {
+            while (p != end && Unit::value(*p) == node.operand) {
+                ++p;
+            }
+        } else {
+            const RegexBracketSet<T>& set = sets[node.operand];
+            while (p != end && set.contains(*p)) {
+                ++p;
+            }
+        }
+        return p;
+    }
+};
+
+}  // namespace nolk
+
+#endif
