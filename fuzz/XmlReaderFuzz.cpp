@@ -228,8 +228,9 @@ private:
 
     // The next element alone, with the prefixes of its place.
     void nestFragment() {
-        const nolk::XmlReaderNamespaceStack inherited = reader().getNamespaceStack();
         const std::string fragment = reader().readElement(XmlReader::NullName);
+        // Only now: what it views ends if the element converts the document.
+        const nolk::XmlReaderNamespaceStack inherited = reader().getNamespaceStack();
         XmlReader nested(inherited, fragment);
         nested.readNextNode();
         touchAll(nested);
