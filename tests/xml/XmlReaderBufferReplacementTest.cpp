@@ -27,17 +27,9 @@ const std::string once = "\xC3\xA4";           // E4 converted from ISO-8859-1
 const std::string twice = "\xC3\x83\xC2\xA4";  // and its two bytes once more
 const std::string thrice = "\xC3\x83\xC2\x83\xC3\x82\xC2\xA4";
 
-const XmlName& any = XmlReader::NullName;
-
 std::string refused(const std::string& encoding) {
     return "[XML_TRANSCODE_FROM_DECL_FAILED] Encoding to based on character-encoding identifier '" +
            encoding + "' failed.  Please verify encoding decleration.";
-}
-
-XmlReader inside(const std::string& document) {
-    XmlReader reader(document);
-    reader.readElementStart();
-    return reader;
 }
 
 std::string quoted(const std::string& text) {

@@ -17,14 +17,6 @@ namespace {
 
 using namespace navigation;
 
-const XmlName& any = XmlReader::NullName;
-
-XmlReader inside(const std::string& document) {
-    XmlReader reader(document);
-    reader.readElementStart();
-    return reader;
-}
-
 // ---- Emptied ----
 
 struct Emptied {

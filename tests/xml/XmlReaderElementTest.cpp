@@ -19,13 +19,6 @@ XmlName name(const char* local, const char* uri = "", const char* prefix = "") {
     return XmlName(local, XmlNamespace(prefix, uri));
 }
 
-/** A reader that has read the root's start tag. */
-XmlReader inside(const std::string& document) {
-    XmlReader reader(document);
-    reader.readElementStart();
-    return reader;
-}
-
 /** A reader that stands behind the given number of nodes. */
 XmlReader behind(int count, const std::string& document) {
     XmlReader reader(document);

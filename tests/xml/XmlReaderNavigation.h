@@ -113,6 +113,16 @@ inline std::vector<std::string> nodesOf(const std::string& document) {
 
 using Nodes = std::vector<std::string>;
 
+/** Any element. */
+inline const XmlName& any = XmlReader::NullName;
+
+/** A reader that has read the root's start tag. */
+inline XmlReader inside(const std::string& document) {
+    XmlReader reader(document);
+    reader.readElementStart();
+    return reader;
+}
+
 }  // namespace nolk::navigation
 
 #endif

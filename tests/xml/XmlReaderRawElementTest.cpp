@@ -20,15 +20,6 @@ XmlName name(const char* local, const char* uri = "", const char* prefix = "") {
     return XmlName(local, XmlNamespace(prefix, uri));
 }
 
-const XmlName& any = XmlReader::NullName;
-
-/** A reader that has read the root's start tag. */
-XmlReader inside(const std::string& document) {
-    XmlReader reader(document);
-    reader.readElementStart();
-    return reader;
-}
-
 /** What readElement gives for the element in `<r>...</r>`. */
 std::string elementIn(const std::string& content) {
     return inside("<r>" + content + "</r>").readElement(any);

@@ -13,14 +13,6 @@ namespace {
 
 using namespace navigation;
 
-const XmlName& any = XmlReader::NullName;
-
-XmlReader inside(const std::string& document) {
-    XmlReader reader(document);
-    reader.readElementStart();
-    return reader;
-}
-
 std::unique_ptr<XmlReaderImp> bodyOf(const std::string& document) {
     return std::make_unique<XmlReaderImp>(document.data(), static_cast<unsigned>(document.size()));
 }

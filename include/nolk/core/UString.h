@@ -185,8 +185,9 @@ public:
 
     /** UTF-8 of the first `n` code points; a lone surrogate is encoded by its own value. */
     std::string toUtf8(unsigned n = npos) const;
-    /** A copy with each "\uXXXX" replaced by that unit, and each other backslash dropped before the
-     * unit that it escapes. @throws ConversionException for an escape that isn't complete */
+    /** A copy with each "\u" and its four hexadecimal digits replaced by that unit, and each other
+     * backslash dropped before the unit that it escapes.
+     * @throws ConversionException for an escape that isn't complete */
     UString unescape() const;
     /** A 32-bit hash of the units, the same on every platform. */
     unsigned hash() const noexcept;
