@@ -121,6 +121,47 @@ TYPED_TEST(RegexOf, IsOddOnPurpose) {
 
 // The end of an inner alternation in front of a `|` is served with that of its next sibling, so
 // what may be left out in front of it is left for what follows the sibling.
+// Where `$` fails the walk, another alternative in front may lead to an empty match.
+TYPED_TEST(RegexOf, WalksEveryRotationThatEndsDifferently) {
+    expectFound<TypeParam>({
+        {"((b)$|b)*", "a", "0/0 0/0 -"},
+        {"((b)$|c)?", "a", "0/0 0/0 -"},
+        {"((b)$|ab)+", "aba", "0/2 0/2 -"},
+        {"((b)$|bc$)*", "aaaa", "0/0 0/0 -"},
+    });
+}
+
+TYPED_TEST(RegexOf, TakesOneOfTextsThatExcludeEachOther) {
+    expectFound<TypeParam>({
+        {"(foo|bar){2}", "foobarfoo", "0/6 3/3"},
+        {"(foo|bar){2,3}x", "foobarfoofoox", "3/10 9/3"},
+        {"(foo|b\\x61r){0}x", "foox", "3/1 3/0"},
+        {"(ab|cd)?ef", "cdab ef", "5/2 5/0"},
+        {"(ab|cd)+$", "abcd", "0/4 2/2"},
+        {"(0a|0b|1)-(0a|0b|1)", "0b-1", "0/4 0/2 3/1"},
+        {"((ab|cd)e)+", "abecde", "0/6 3/3 3/2"},
+        {"(ab|cd)", "ac", "- -"},
+    });
+}
+
+// `{0,}` has no optional bit, so only closing the group leads past it.
+TYPED_TEST(RegexOf, AnAlternativeTakenLaterMayCloseItsGroup) {
+    expectFound<TypeParam>({
+        {"a(b|[ab]{0,})+b", "ab", "0/2 1/0"},
+        {"a(a{0,}|a)+a", "aa", "0/2 1/0"},
+        {"(.{0,}|.){0,}b", "b", "0/1 0/0"},
+    });
+}
+
+TYPED_TEST(RegexOf, AGroupLeftOutTellsWhereButNotOnOtherWays) {
+    expectFound<TypeParam>({
+        {"([bc]+(cc|b)*)+c{3}", "bccc", "0/4 0/1 1/0"},
+        {"((a)*)+a{3}|a", "a", "0/1 0/0 -"},
+        {"(([ab])*)*.b|b", "b", "0/1 0/0 -"},
+        {"(ba(b)*)*[bc]a", "bab", "0/2 0/0 -"},
+    });
+}
+
 TYPED_TEST(RegexOf, LinksAnInnerAlternationAtTheEndOfAnAlternativeToTheNextOne) {
     expectFound<TypeParam>({
         {"((a[xy]?|bc)|(dd|ef)xi|h)j", "axij", "0/4 0/3 0/1 -"},

@@ -63,7 +63,7 @@ public:
     /** @name For tests
      *  @{ */
     const RegexProgram<T>& program() const noexcept { return program_; }
-    const RegexWalker<T>& walker() const noexcept { return walker_; }
+    RegexWalker<T>& walker() noexcept { return walker_; }
     /** @} */
 
 private:

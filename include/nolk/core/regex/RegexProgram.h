@@ -11,10 +11,20 @@
 #include <nolk/core/regex/RegexStateNode.h>
 #include <nolk/core/regex/RegexUnit.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
 namespace nolk {
+
+/** A text that a group may be. */
+template <typename T>
+struct RegexChoice {
+    T first;
+    std::uint32_t length;
+    /** Where the whole text stands in the program's, if it has two units or more. */
+    std::uint32_t place;
+};
 
 /**
  * What RegexCompiler makes of a pattern and RegexImp walks: the nodes, what they match, the
@@ -28,6 +38,9 @@ struct RegexProgram {
     std::vector<RegexBracketSet<T>> sets;
     RegexArray<T, 32> text;
     RegexAlternator alternator;
+    /** What groups that are one of several texts may be: those of a node have their place and
+     * number as its operand. */
+    RegexArray<RegexChoice<T>, 16> choices;
     /** The node of each group. */
     RegexArray<std::uint32_t, 16> groupNodes;
     /** The number of groups. */
@@ -75,6 +88,21 @@ struct RegexProgram {
         return i == node.operandLength;
     }
 
+    /** The end of the text at `p` that a group may be, or null. @pre the group has choices */
+    const T* choiceEnd(const RegexStateNode& group, const T* p, const T* end) const {
+        if (p == end) {
+            return nullptr;
+        }
+        const RegexChoice<T>* choice = choices.data() + group.operand;
+        for (const RegexChoice<T>* const last = choice + group.operandLength; choice != last;
+             ++choice) {
+            if (choice->first == *p && isRestAt(*choice, p, end)) {
+                return p + choice->length;
+            }
+        }
+        return nullptr;
+    }
+
     /** The end of the units from `p` on that a node for one unit matches. @pre as matchesUnit() */
     const T* runEnd(const RegexStateNode& node, const T* p, const T* end) const {
         if (node.kind == RegexNodeKind::literal) {
@@ -88,6 +116,19 @@ struct RegexProgram {
             }
         }
         return p;
+    }
+
+private:
+    bool isRestAt(const RegexChoice<T>& choice, const T* p, const T* end) const {
+        if (static_cast<std::size_t>(end - p) < choice.length) {
+            return false;
+        }
+        const T* const wanted = text.data() + choice.place;
+        std::uint32_t i = 1;
+        while (i < choice.length && p[i] == wanted[i]) {
+            ++i;
+        }
+        return i == choice.length;
     }
 };
 

@@ -26,7 +26,9 @@ void RegexAnalysis<T>::findLooks() {
         const bool isEmpty = group.innerEnd == i + 1;
         const bool isOpen = isEmpty || node(i + 1).isOptional();
         group.look = isOpen ? regexNone : node(i + 1).look;
-        group.failsUnseen = group.min > 0 && !isOpen && node(i + 1).failsUnseen;
+        // One that must end at the end fails the walk, and not its alternative alone.
+        group.failsUnseen =
+            group.min > 0 && !isOpen && !group.mustEndAtEnd && node(i + 1).failsUnseen;
     }
 }
 
@@ -40,17 +42,89 @@ void RegexAnalysis<T>::findDecisions() {
                                   n.isInGroup() && group.repeats() &&
                                   node(n.enclosing + 1).kind == RegexNodeKind::head;
         n.mayBeSkipped = mayBeSkipped(n);
-        n.isRun = n.isGroup() && n.repeats() && n.innerEnd == i + 2 && isPlainUnit(node(i + 1)) &&
-                  !n.mustEndAtEnd && !n.mayBeSkipped && !n.mayReopenGroup &&
-                  !n.mayReenterAlternation;
+        n.isRun = isRun(i);
     }
 }
 
-// One unit, once and anywhere.
+template <typename T>
+bool RegexAnalysis<T>::isRun(std::uint32_t i) {
+    const RegexStateNode& n = node(i);
+    if (!n.isGroup() || n.mustEndAtEnd || n.mayBeSkipped || n.mayReopenGroup ||
+        n.mayReenterAlternation) {
+        return false;
+    }
+    if (isTextChoice(i)) {
+        addChoices(i);
+        return true;
+    }
+    return n.repeats() && n.innerEnd == i + 2 && isPlainUnit(node(i + 1));
+}
+
+// Once, and anywhere.
+template <typename T>
+bool RegexAnalysis<T>::isPlain(const RegexStateNode& n) {
+    return !n.repeats() && !n.isOptional() && !n.mustStartAtBegin && !n.mustEndAtEnd;
+}
+
 template <typename T>
 bool RegexAnalysis<T>::isPlainUnit(const RegexStateNode& n) {
-    return (n.kind == RegexNodeKind::literal || n.kind == RegexNodeKind::set) && !n.repeats() &&
-           !n.isOptional() && !n.mustStartAtBegin && !n.mustEndAtEnd;
+    return (n.kind == RegexNodeKind::literal || n.kind == RegexNodeKind::set) && isPlain(n);
+}
+
+// A group of one alternation of texts. Where none begins with another at most one of them can stand
+// at a place, and so their order doesn't matter.
+template <typename T>
+bool RegexAnalysis<T>::isTextChoice(std::uint32_t i) {
+    const std::uint32_t head = i + 1;
+    const std::uint32_t end = node(i).innerEnd;
+    if (node(head).kind != RegexNodeKind::head || !isPlain(node(head)) ||
+        program_.alternator.alternatives(node(head).alternation) != end - head - 1) {
+        return false;
+    }
+    for (std::uint32_t a = head + 1; a < end; ++a) {
+        const RegexStateNode& n = node(a);
+        const bool isText = n.kind == RegexNodeKind::literal || n.kind == RegexNodeKind::text;
+        if (!isText || !n.isAlternativeHead || !isPlain(n)) {
+            return false;
+        }
+        for (std::uint32_t b = head + 1; b < a; ++b) {
+            if (!excludeEachOther(n, node(b))) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+template <typename T>
+const T* RegexAnalysis<T>::textOf(const RegexStateNode& n, T& unit) const {
+    if (n.kind == RegexNodeKind::literal) {
+        unit = static_cast<T>(n.operand);
+        return &unit;
+    }
+    return program_.text.data() + n.operand;
+}
+
+template <typename T>
+bool RegexAnalysis<T>::excludeEachOther(const RegexStateNode& a, const RegexStateNode& b) const {
+    T unitOfA{};
+    T unitOfB{};
+    const T* const textOfA = textOf(a, unitOfA);
+    const T* const textOfB = textOf(b, unitOfB);
+    const std::uint32_t common = std::min(a.operandLength, b.operandLength);
+    return !std::equal(textOfA, textOfA + common, textOfB);
+}
+
+template <typename T>
+void RegexAnalysis<T>::addChoices(std::uint32_t i) {
+    RegexStateNode& group = node(i);
+    group.operand = program_.choices.size();
+    group.operandLength = group.innerEnd - i - 2;
+    for (std::uint32_t j = i + 2; j < group.innerEnd; ++j) {
+        T unit{};
+        const T first = *textOf(node(j), unit);
+        program_.choices.push({first, node(j).operandLength, node(j).operand});
+    }
 }
 
 template <typename T>

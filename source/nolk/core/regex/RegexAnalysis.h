@@ -32,6 +32,11 @@ private:
     void findLooks();
     void findDecisions();
     bool mayBeSkipped(const RegexStateNode& node);
+    bool isRun(std::uint32_t group);
+    bool isTextChoice(std::uint32_t group);
+    bool excludeEachOther(const RegexStateNode& a, const RegexStateNode& b) const;
+    void addChoices(std::uint32_t group);
+    const T* textOf(const RegexStateNode& node, T& unit) const;
     Units unitsOf(const RegexStateNode& node) const;
     Units look(const RegexStateNode& node) const;
     void findFirstUnits();
@@ -39,6 +44,7 @@ private:
     void leave(std::uint32_t group);
     void findLinear();
     void findLeadingRun();
+    static bool isPlain(const RegexStateNode& node);
     static bool isPlainUnit(const RegexStateNode& node);
 
     RegexProgram<T>& program_;
