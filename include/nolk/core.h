@@ -117,7 +117,9 @@
 #include <nolk/core/regex/RegexProgram.h>
 #include <nolk/core/regex/RegexRotations.h>
 #include <nolk/core/regex/RegexScan.h>
+#include <nolk/core/regex/RegexSequence.h>
 #include <nolk/core/regex/RegexStateNode.h>
+#include <nolk/core/regex/RegexStraightWalk.h>
 #include <nolk/core/regex/RegexToken.h>
 #include <nolk/core/regex/RegexTriedList.h>
 #include <nolk/core/regex/RegexUnit.h>

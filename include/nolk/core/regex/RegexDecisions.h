@@ -76,11 +76,9 @@ protected:
     void resetGroup(const Node& n, Group& group);
     void resetGroups(std::uint32_t from, std::uint32_t to);
     void resetInner(const Node& n);
+    void dropCaptures();
 
     // Saving.
-    bool savesVisits(const Node& n) const {
-        return n.mayBeSkipped || n.mayReopenGroup || n.mayReenterAlternation;
-    }
     void saveVisits(const Node& n, const T* first, const T* last, std::uint32_t count,
                     bool isAccepted, bool isFromHead);
     void saveAlternatives(const Node& head, const T* p, std::uint32_t first, std::uint32_t seen);
@@ -104,6 +102,8 @@ protected:
     std::uint32_t entryChoice_ = regexNone;  // for the next head alone
     bool isFromHead_ = false;   // the next node is the alternative that its head has chosen
     bool isWorkedOut_ = false;  // all decisions are, and new ones at once
+    bool isSaving_ = true;      // visits are saved
+    bool isMissing_ = false;    // one wasn't that may have led to a decision
 
 private:
     // Asks what would be saved, and saves nothing.
@@ -157,6 +157,36 @@ private:
     std::uint32_t looksBeforeFailures_ = looksBeforeFailures;
     Probe* probe_ = nullptr;  // while one is made
 };
+
+template <typename T>
+inline void RegexDecisions<T>::resetGroup(const Node& n, Group& group) {
+    group.count = 0;
+    group.walk = 0;
+    group.lastPosition = nullptr;
+    group.isAccepted = n.isOptional();
+    group.isRetreating = false;
+    group.pendingAlternative = regexNone;
+}
+
+// Whether one character of look ahead allows a node.
+template <typename T>
+inline bool RegexDecisions<T>::canBegin(std::uint32_t i, const T* p) const {
+    if (node(i).look == regexNone) {
+        return !node(i).isTerminal();
+    }
+    const Node& n = node(node(i).look);
+    if (!mayStartAt(n, p)) {
+        return false;
+    }
+    switch (n.kind) {
+        case RegexNodeKind::head:
+            return true;
+        case RegexNodeKind::text:
+            return program_->matchesText(n, p, end_);
+        default:
+            return p != end_ && program_->matchesUnit(n, *p);
+    }
+}
 
 extern template class RegexDecisions<char>;
 extern template class RegexDecisions<UChar>;

@@ -17,13 +17,17 @@
 
 namespace nolk {
 
-/** A text that a group may be. */
+/** Texts that a group may be, and that differ in their last units at most. */
 template <typename T>
 struct RegexChoice {
     T first;
+    /** The last unit, if that is above 255. */
+    T highLast;
     std::uint32_t length;
-    /** Where the whole text stands in the program's, if it has two units or more. */
+    /** Where one of the texts stands in the program's, if it has two units or more. */
     std::uint32_t place;
+    /** The other last units. */
+    RegexBitmap lasts;
 };
 
 /**
@@ -38,8 +42,8 @@ struct RegexProgram {
     std::vector<RegexBracketSet<T>> sets;
     RegexArray<T, 32> text;
     RegexAlternator alternator;
-    /** What groups that are one of several texts may be: those of a node have their place and
-     * number as its operand. */
+    /** What groups that are one of several texts may be, or the whole pattern: those of a node have
+     * their place and number as its operand. */
     RegexArray<RegexChoice<T>, 16> choices;
     /** The node of each group. */
     RegexArray<std::uint32_t, 16> groupNodes;
@@ -54,8 +58,13 @@ struct RegexProgram {
 
     /** @name What the first pass over the nodes finds, for searches
      *  @{ */
-    /** No groups, no alternations, and never a decision to be saved. */
+    /** RegexStraightWalk may go through it. */
+    bool isStraight = false;
+    /** The same, and there is never a decision to be saved: where that leads nowhere nothing does.
+     */
     bool isLinear = false;
+    /** Nodes follow one another, and there are no groups and alternations. */
+    bool isSequence = false;
     /** A match may consume nothing. It errs towards yes. */
     bool mayBeEmpty = true;
     /** Unless it may be empty, every match begins with one of these units... */
@@ -88,15 +97,15 @@ struct RegexProgram {
         return i == node.operandLength;
     }
 
-    /** The end of the text at `p` that a group may be, or null. @pre the group has choices */
-    const T* choiceEnd(const RegexStateNode& group, const T* p, const T* end) const {
+    /** The end of the text at `p` that a node may be, or null. @pre the node has choices */
+    const T* choiceEnd(const RegexStateNode& node, const T* p, const T* end) const {
         if (p == end) {
             return nullptr;
         }
-        const RegexChoice<T>* choice = choices.data() + group.operand;
-        for (const RegexChoice<T>* const last = choice + group.operandLength; choice != last;
+        const RegexChoice<T>* choice = choices.data() + node.operand;
+        for (const RegexChoice<T>* const last = choice + node.operandLength; choice != last;
              ++choice) {
-            if (choice->first == *p && isRestAt(*choice, p, end)) {
+            if ((choice->length == 1 || choice->first == *p) && isRestAt(*choice, p, end)) {
                 return p + choice->length;
             }
         }
@@ -118,17 +127,28 @@ struct RegexProgram {
         return p;
     }
 
+    /** The end of as many units as a node for one unit takes, or null if there are too few. @pre as
+     * matchesUnit() */
+    const T* unitsEnd(const RegexStateNode& node, const T* p, const T* end) const {
+        const bool isBounded = static_cast<std::size_t>(end - p) > node.max;
+        const T* const last = runEnd(node, p, isBounded ? p + node.max : end);
+        return static_cast<std::size_t>(last - p) < node.min ? nullptr : last;
+    }
+
 private:
     bool isRestAt(const RegexChoice<T>& choice, const T* p, const T* end) const {
         if (static_cast<std::size_t>(end - p) < choice.length) {
             return false;
         }
         const T* const wanted = text.data() + choice.place;
-        std::uint32_t i = 1;
-        while (i < choice.length && p[i] == wanted[i]) {
-            ++i;
+        const std::uint32_t last = choice.length - 1;
+        for (std::uint32_t i = 1; i < last; ++i) {
+            if (p[i] != wanted[i]) {
+                return false;
+            }
         }
-        return i == choice.length;
+        const unsigned value = Unit::value(p[last]);
+        return value < 256 ? choice.lasts.contains(value) : p[last] == choice.highLast;
     }
 };
 

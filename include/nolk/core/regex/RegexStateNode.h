@@ -60,6 +60,10 @@ struct RegexStateNode {
     /** A repeated group of a single unit, or a group of texts of which no two can stand at one
      * place; it saves nothing. */
     bool isRun = false;
+    /** Of a group: a visit of a node inside may lead to one of these. */
+    bool savesInside = false;
+    /** Of a head: a look ahead allows one alternative at most. */
+    bool isExclusive = false;
     /** It fails for certain where a look ahead says no. */
     bool failsUnseen = false;
     /** @} */
@@ -103,6 +107,9 @@ struct RegexStateNode {
     bool repeats() const noexcept { return (code & regexRepeatBit) != 0; }
     bool isInGroup() const noexcept { return (code & regexInGroupBit) != 0; }
     bool isOptional() const noexcept { return (code & regexOptionalBit) != 0; }
+    bool savesVisits() const noexcept {
+        return mayBeSkipped || mayReopenGroup || mayReenterAlternation;
+    }
     bool isTerminal() const noexcept { return kind <= RegexNodeKind::fail; }
 };
 

@@ -35,6 +35,8 @@ private:
     using Base::failures_;
     using Base::groups_;
     using Base::isFromHead_;
+    using Base::isMissing_;
+    using Base::isSaving_;
     using Base::isWorkedOut_;
     using Base::nodes_;
     using Base::program_;
@@ -42,6 +44,8 @@ private:
     using Base::walk_;
 
     using Base::canBegin;
+    using Base::dropCaptures;
+    using Base::dropDecisions;
     using Base::fewAlternatives;
     using Base::hasOther;
     using Base::indexOf;
@@ -54,7 +58,6 @@ private:
     using Base::resetGroups;
     using Base::resetInner;
     using Base::saveAlternatives;
-    using Base::savesVisits;
     using Base::saveVisits;
     using Base::stateOf;
     using Base::takeDecision;
@@ -79,6 +82,11 @@ private:
     std::uint32_t leaveOutward(const Node& n);
     void acceptGroup(const Node& n);
     const T* runEnd(const Node& n, const T* p) const;
+
+    const T* walkOnce(const T* p);
+    const T* walkWithoutSaving(const T* p);
+
+    bool isHopeful_ = true;  // the last first walk would have needed no decisions
 };
 
 extern template class RegexWalker<char>;

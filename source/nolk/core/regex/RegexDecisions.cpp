@@ -27,12 +27,17 @@ void RegexDecisions<T>::begin(const RegexProgram<T>& program, const T* base, con
 
 template <typename T>
 void RegexDecisions<T>::beginAttempt() {
+    dropCaptures();
+    rotations_.beginAttempt();
+    dropDecisions();
+}
+
+template <typename T>
+void RegexDecisions<T>::dropCaptures() {
     for (Group& group : groups_) {
         group.captureStart = nullptr;
         group.groupEnd = nullptr;
     }
-    rotations_.beginAttempt();
-    dropDecisions();
 }
 
 template <typename T>
@@ -43,16 +48,6 @@ void RegexDecisions<T>::dropDecisions() {
     failures_.dropOpen();
     walk_ = 0;
     isWorkedOut_ = false;
-}
-
-template <typename T>
-void RegexDecisions<T>::resetGroup(const Node& n, Group& group) {
-    group.count = 0;
-    group.walk = 0;
-    group.lastPosition = nullptr;
-    group.isAccepted = n.isOptional();
-    group.isRetreating = false;
-    group.pendingAlternative = regexNone;
 }
 
 // As a walk begins: the groups from one number up to another, with the ends of their captures.
@@ -72,26 +67,6 @@ void RegexDecisions<T>::resetInner(const Node& n) {
     }
 }
 
-// Whether one character of look ahead allows a node.
-template <typename T>
-bool RegexDecisions<T>::canBegin(std::uint32_t i, const T* p) const {
-    if (node(i).look == regexNone) {
-        return !node(i).isTerminal();
-    }
-    const Node& n = node(node(i).look);
-    if (!mayStartAt(n, p)) {
-        return false;
-    }
-    switch (n.kind) {
-        case RegexNodeKind::head:
-            return true;
-        case RegexNodeKind::text:
-            return program_->matchesText(n, p, end_);
-        default:
-            return p != end_ && program_->matchesUnit(n, *p);
-    }
-}
-
 // ---------------------------------------------------------------- saving decisions
 
 template <typename T>
@@ -107,6 +82,10 @@ std::uint32_t RegexDecisions<T>::takeSnapshot(const Node& n) {
 template <typename T>
 void RegexDecisions<T>::saveVisits(const Node& n, const T* first, const T* last,
                                    std::uint32_t count, bool isAccepted, bool isFromHead) {
+    if (!isSaving_ && !n.mayReenterAlternation) {
+        isMissing_ = true;
+        return;
+    }
     const Decision decision{first,     last,  takeSnapshot(n), indexOf(n), regexNone,
                             regexNone, count, Kind::visit,     isAccepted, isFromHead};
     push(decision);
@@ -521,10 +500,7 @@ bool RegexDecisions<T>::nextRotation() {
         return false;
     }
     dropDecisions();
-    for (Group& group : groups_) {
-        group.captureStart = nullptr;
-        group.groupEnd = nullptr;
-    }
+    dropCaptures();
     return true;
 }
 

@@ -15,8 +15,35 @@ namespace nolk {
 
 // ---------------------------------------------------------------- the walk
 
+// The decisions of a walk that succeeds are thrown away, but for those that tell whether an order
+// mattered. So as long as walks succeed the others aren't saved; one that fails is done again.
 template <typename T>
 const T* RegexWalker<T>::walk(const T* p) {
+    if (isHopeful_ && !remembersFailures()) {
+        const T* const end = walkWithoutSaving(p);
+        if (end != nullptr || !isMissing_) {
+            return end;
+        }
+        dropDecisions();
+        dropCaptures();
+    }
+    isSaving_ = true;
+    const T* const end = walkOnce(p);
+    isHopeful_ = end != nullptr;
+    return end;
+}
+
+template <typename T>
+const T* RegexWalker<T>::walkWithoutSaving(const T* p) {
+    isSaving_ = false;
+    isMissing_ = false;
+    const T* const end = walkOnce(p);
+    isSaving_ = true;
+    return end;
+}
+
+template <typename T>
+const T* RegexWalker<T>::walkOnce(const T* p) {
     resetGroups(0, groups_.size());
     isFromHead_ = false;
     entryChoice_ = regexNone;
@@ -97,7 +124,7 @@ std::uint32_t RegexWalker<T>::stepRun(const Node& n, const T*& p) {
     const bool isFromHead = std::exchange(isFromHead_, false);
     const T* const first = p;
     p = runEnd(n, first);
-    if (p != first && savesVisits(n)) {
+    if (p != first && n.savesVisits()) {
         saveVisits(n, first, p, 0, n.isOptional(), isFromHead);
     }
     const auto count = static_cast<std::uint32_t>(p - first);
@@ -195,8 +222,8 @@ std::uint32_t RegexWalker<T>::stepHead(const Node& n, const T* p) {
         const std::uint32_t alternative = alternator.alternative(
             n.alternation, i + first < count ? i + first : i + first - count);
         if (node(alternative).isOptional() || canBegin(alternative, p)) {
-            const bool mayHaveOthers =
-                i + 1 < count && (count > fewAlternatives || hasOther(n, p, first, i + 1));
+            const bool mayHaveOthers = !n.isExclusive && i + 1 < count &&
+                                       (count > fewAlternatives || hasOther(n, p, first, i + 1));
             if (mayHaveOthers) {
                 saveAlternatives(n, p, first, i + 1);
             }
@@ -226,7 +253,7 @@ std::uint32_t RegexWalker<T>::stepGroup(const Node& n, const T*& p) {
             return known;
         }
     }
-    if (savesVisits(n)) {
+    if (n.savesVisits()) {
         saveVisits(n, p, p, group.count, group.isAccepted, isFromHead);
     }
     const std::uint32_t pending = std::exchange(group.pendingAlternative, regexNone);
@@ -329,6 +356,10 @@ std::uint32_t RegexWalker<T>::leaveOutward(const Node& n) {
 // or else by leaving the group with the iterations before.
 template <typename T>
 std::uint32_t RegexWalker<T>::stepRetreat(const Node& n, const T*& p) {
+    if (!isSaving_ && n.savesInside) {
+        isMissing_ = true;
+        return program_->fail();
+    }
     while (!isWorkedOut_ && !decisions_.empty() && isOwn(n, decisions_.back())) {
         workOutAll();
     }
