@@ -93,6 +93,17 @@ const Form forms[] = {
     {"replace npos", [](CString& s) -> CString& { return s.replace(0, npos, "x"); }, "x"},
 };
 
+TEST(CStringChange, AppendingNothingOfAnyLengthChangesNothing) {
+    for (const std::string& text : {std::string(), std::string("abc"), long100}) {
+        CString own(text);
+        EXPECT_NO_THROW(own.append(nothing, npos));
+        EXPECT_EQ(std::string(own), text);
+        const CString shared(own);
+        EXPECT_NO_THROW(own.append(nothing, npos));
+        EXPECT_EQ(std::string(own), text);
+    }
+}
+
 TEST(CStringChange, EachFormGivesItsResultAndTheStringItself) {
     for (const Form& form : forms) {
         CString text("abc");

@@ -387,6 +387,20 @@ TEST(XmlReaderNamespaceStack, APushedScopeReusesThePoppedOneAndIsEmpty) {
     EXPECT_EQ(&stack.scope(0)[0], slot);
 }
 
+TEST(XmlReaderNamespaceStack, AddsABindingOfItsOwn) {
+    XmlReaderNamespaceStack stack;
+    stack.pushScope();
+    stack.addNamespace(binding("p", "u"));
+    for (int i = 1; i < 100; ++i) {
+        stack.addNamespace(stack.scope(0)[0]);
+    }
+    ASSERT_EQ(stack.scope(0).length(), 100u);
+    for (const XmlReaderNamespace& each : stack.scope(0)) {
+        EXPECT_EQ(each.prefix.asString(), "p");
+        EXPECT_EQ(each.uri.asString(), "u");
+    }
+}
+
 TEST(XmlReaderNamespaceStack, AddingWithoutAScopeIsSafe) {
     XmlReaderNamespaceStack stack;
     stack.addNamespace(binding("p", "u"));

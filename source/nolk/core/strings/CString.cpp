@@ -317,9 +317,12 @@ const CSubString CString::stripWhitespace(stripType ends) const {
 // What replace() does to most texts that are appended, without its other cases.
 CString& CString::appendInNewBuffer(const char* text, unsigned n) {
     const unsigned old = length();
+    if (text == nullptr || n == 0) {
+        return replace(old, 0, text, n);
+    }
     const unsigned now = checkedLength(std::uint64_t{old} + n);
     const unsigned room = grownCapacity(now);
-    if (text == nullptr || n == 0 || room < inlineCapacity) {
+    if (room < inlineCapacity) {
         return replace(old, 0, text, n);
     }
     char* const fresh = CStringRef::getRep(room, now)->data();

@@ -504,7 +504,7 @@ inline char* XmlReaderImp::scanPlainAttribute(char* p) {
     } else {
         stop = scan<ValueStops<'\''>>(value, last_);
     }
-    if (*stop != quote) [[unlikely]] {
+    if (*stop != quote || stop > last_) [[unlikely]] {
         return nullptr;
     }
     const XmlReaderString view = {value, static_cast<std::uint32_t>(stop - value)};
