@@ -16,6 +16,8 @@
 #include <nolk/core/ConversionException.h>
 #include <nolk/core/Converters.h>
 #include <nolk/core/CountingPointer.h>
+#include <nolk/core/Date.h>
+#include <nolk/core/DateTime.h>
 #include <nolk/core/DaylightBoundary.h>
 #include <nolk/core/DaylightRule.h>
 #include <nolk/core/DynamicLibraryException.h>
@@ -35,6 +37,7 @@
 #include <nolk/core/IntrusiveListIterator.h>
 #include <nolk/core/IntrusiveListLink.h>
 #include <nolk/core/Iso8601DateTime.h>
+#include <nolk/core/Locale.h>
 #include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/LoggerException.h>
 #include <nolk/core/MessageCatalogException.h>
@@ -61,6 +64,7 @@
 #include <nolk/core/ThreadException.h>
 #include <nolk/core/ThreadJoinException.h>
 #include <nolk/core/ThreadSystemException.h>
+#include <nolk/core/TimeSpan.h>
 #include <nolk/core/TimeZone.h>
 #include <nolk/core/TimeZoneSimple.h>
 #include <nolk/core/Types.h>
