@@ -38,6 +38,8 @@
 #include <nolk/core/IntrusiveListLink.h>
 #include <nolk/core/Iso8601DateTime.h>
 #include <nolk/core/Locale.h>
+#include <nolk/core/LocaleSnapshot.h>
+#include <nolk/core/LocaleTimeFormat.h>
 #include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/LoggerException.h>
 #include <nolk/core/MessageCatalogException.h>
@@ -49,6 +51,7 @@
 #include <nolk/core/NullPointerException.h>
 #include <nolk/core/OutOfBoundsException.h>
 #include <nolk/core/QXArrayByteSource.h>
+#include <nolk/core/QXTimeFmtList.h>
 #include <nolk/core/QueueClosedException.h>
 #include <nolk/core/QueueException.h>
 #include <nolk/core/QueueWriteClosedException.h>

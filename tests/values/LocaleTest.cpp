@@ -1,7 +1,10 @@
 #include <nolk/core/Locale.h>
 
+#include <nolk/core/LocaleSnapshot.h>
+
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <type_traits>
 
 #include "foundation/SlotOrder.h"
@@ -81,6 +84,68 @@ TEST(Locale, AFormatIsWalkedConversionByConversion) {
     for (const auto& row : rows) {
         EXPECT_EQ(locale.asString(&tm, row.format, TimeZone::utc()), row.text);
     }
+}
+
+// The library is as it was when it goes.
+class GlobalLocale : public testing::Test {
+protected:
+    ~GlobalLocale() override {
+        Locale::releaseCache();
+        Locale::global(nullptr);
+    }
+};
+
+TEST(DefaultLocale, IsANewSnapshotOfC) {
+    const std::unique_ptr<Locale> first(Locale::defaultLocale());
+    const std::unique_ptr<Locale> second(Locale::defaultLocale());
+    EXPECT_NE(first, second);
+    EXPECT_NE(dynamic_cast<LocaleSnapshot*>(first.get()), nullptr);
+    EXPECT_EQ(first->locale_name(), "C");
+}
+
+TEST_F(GlobalLocale, IsASnapshotOfCMadeOnce) {
+    const Locale& locale = Locale::global();
+    EXPECT_NE(dynamic_cast<const LocaleSnapshot*>(&locale), nullptr);
+    EXPECT_EQ(locale.locale_name(), "C");
+    EXPECT_EQ(&Locale::global(), &locale);
+}
+
+TEST_F(GlobalLocale, AnotherMayTakeItsPlace) {
+    const Locale& classic = Locale::global();
+    const test::TestLocale other;
+    EXPECT_EQ(Locale::global(&other), &classic);
+    EXPECT_EQ(&Locale::global(), &other);
+    EXPECT_EQ(Locale::global(&classic), &other);
+    EXPECT_EQ(&Locale::global(), &classic);
+}
+
+TEST_F(GlobalLocale, WasNoneIfNobodyAskedForIt) {
+    const test::TestLocale other;
+    EXPECT_EQ(Locale::global(&other), nullptr);
+    EXPECT_EQ(Locale::global(nullptr), &other);
+    EXPECT_EQ(Locale::global().locale_name(), "C");
+}
+
+TEST_F(GlobalLocale, IsDeletedWithTheCacheIfTheLibraryMadeIt) {
+    Locale::global();
+    Locale::releaseCache();
+    EXPECT_EQ(Locale::global(nullptr), nullptr) << "there is none";
+    const test::TestLocale other;
+    Locale::global(&other);
+    Locale::releaseCache();
+    EXPECT_EQ(&Locale::global(), &other) << "a caller's stays";
+}
+
+TEST_F(GlobalLocale, ZonesAreDeletedWithTheCacheIfTheLibraryMadeThem) {
+    TimeZone::local();
+    TimeZone::standard();
+    TimeZone::system();
+    TimeZone::utc();
+    Locale::releaseCache();
+    EXPECT_EQ(TimeZone::local(nullptr), nullptr);
+    EXPECT_EQ(TimeZone::standard(nullptr), nullptr);
+    EXPECT_EQ(TimeZone::system(nullptr), nullptr);
+    EXPECT_EQ(TimeZone::utc().timeZoneName(), "GMT");
 }
 
 }  // namespace

@@ -1,13 +1,16 @@
 // What holds when the memory runs out, and what takes none.
 
 #include <nolk/core/DateTime.h>
+#include <nolk/core/LocaleSnapshot.h>
 #include <nolk/core/TimeSpan.h>
 
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <string>
 
 #include "support/FailingAllocation.h"
+#include "support/RuntimeLocale.h"
 #include "values/DateTimeSupport.h"
 #include "values/TestLocale.h"
 
@@ -59,6 +62,48 @@ TEST(ValuesAllocation, ATextForWhichThereIsNoMemoryLeaksNothing) {
               }),
               0);
     EXPECT_GT(test::failEachAllocation([] { TimeSpan text("P000000000000000000000000001Y"); }), 0);
+    EXPECT_EQ(test::FailingAllocation::live(), before);
+}
+
+TEST(ValuesAllocation, ASnapshotForWhichThereIsNoMemoryRestoresTheRuntimeLibrary) {
+    const test::RuntimeLocales locales;
+    const char* const name = test::runtimeName(test::Culture::japanese);
+    const LocaleSnapshot loaded(name);  // what the run-time library keeps isn't counted
+    const long before = test::FailingAllocation::live();
+    for (const bool forEver : {false, true}) {
+        long failures = test::failEachAllocation(forEver, [&](test::FailingRun& run) {
+            const test::Outcome outcome = run([&] { const LocaleSnapshot locale(name); });
+            EXPECT_EQ(outcome.threw, outcome.failed);
+            EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
+            EXPECT_STREQ(std::localeconv()->currency_symbol, "");
+        });
+        EXPECT_GT(failures, 10);
+    }
+    EXPECT_EQ(test::FailingAllocation::live(), before);
+}
+
+TEST(ValuesAllocation, AGlobalLocaleForWhichThereIsNoMemoryIsMadeLater) {
+    Locale::releaseCache();
+    EXPECT_GT(test::failEachAllocation([] { Locale::global(); }), 0);
+    EXPECT_EQ(Locale::global().locale_name(), "C");
+    Locale::releaseCache();
+}
+
+TEST(ValuesAllocation, TextsOfALocaleForWhichThereIsNoMemoryLeakNothing) {
+    const test::RuntimeLocales locales;
+    const LocaleSnapshot english(test::runtimeName(test::Culture::english));
+    const std::string number = "123,456,789,012,345,678,901";
+    const std::string money = "$" + number + ".00";
+    const long before = test::FailingAllocation::live();
+    double value = 0;
+    EXPECT_GT(test::failEachAllocation([&] { english.stringToNum(number, &value); }), 0);
+    EXPECT_EQ(value, 123456789012345678901.0);
+    EXPECT_GT(test::failEachAllocation(
+                  [&] { english.stringToMoney(money, &value, Locale::LocalSymbol); }),
+              0);
+    EXPECT_GT(test::failEachAllocation([&] { english.moneyAsString(value, Locale::LocalSymbol); }),
+              0);
+    EXPECT_GT(test::failEachAllocation([&] { english.asString(1e21, 2, true); }), 0);
     EXPECT_EQ(test::FailingAllocation::live(), before);
 }
 

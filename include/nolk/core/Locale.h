@@ -86,6 +86,25 @@ public:
      */
     std::string asString(const struct tm* tm, const char* format, const TimeZone& zone) const;
 
+    /** A new LocaleSnapshot of "C", which is the caller's. @throws std::bad_alloc */
+    static Locale* defaultLocale();
+
+    /** The locale of the process's values: "C", made on first use, until another is installed. */
+    static const Locale& global();
+    /**
+     * Installs another, which stays the caller's and must live until it is replaced. Returns the
+     * one before, null if it was never asked for. With null, "C" is made anew. For times when no
+     * other thread uses the locale that goes.
+     */
+    static const Locale* global(const Locale* locale) noexcept;
+
+    /**
+     * Deletes the process's zones (TimeZone::local(), standard(), system() and utc()) and global
+     * locale where the library made them; they are made anew when they are asked for. For times
+     * when no other thread uses one of them.
+     */
+    static void releaseCache() noexcept;
+
 protected:
     Locale() = default;
     Locale(const Locale&) = default;

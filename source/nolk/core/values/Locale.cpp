@@ -1,6 +1,19 @@
 #include <nolk/core/Locale.h>
 
+#include <nolk/core/LocaleSnapshot.h>
+
+#include "nolk/core/values/ProcessSlot.h"
+#include "nolk/core/values/TimeZoneCache.h"
+
+#include <memory>
+
 namespace nolk {
+
+namespace {
+
+constinit ProcessSlot<Locale> globalSlot;
+
+}  // namespace
 
 Locale::~Locale() = default;
 
@@ -19,6 +32,23 @@ std::string Locale::asString(const struct tm* tm, const char* format, const Time
         }
     }
     return text;
+}
+
+Locale* Locale::defaultLocale() {
+    return std::make_unique<LocaleSnapshot>("C").release();
+}
+
+const Locale& Locale::global() {
+    return globalSlot.get([] { return std::unique_ptr<const Locale>(defaultLocale()); });
+}
+
+const Locale* Locale::global(const Locale* locale) noexcept {
+    return globalSlot.set(locale);
+}
+
+void Locale::releaseCache() noexcept {
+    releaseTimeZones();
+    globalSlot.release();
 }
 
 }  // namespace nolk
