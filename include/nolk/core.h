@@ -18,6 +18,12 @@
 #include <nolk/core/CountingPointer.h>
 #include <nolk/core/DaylightBoundary.h>
 #include <nolk/core/DaylightRule.h>
+#include <nolk/core/Decimal.h>
+#include <nolk/core/DecimalBase.h>
+#include <nolk/core/DecimalInit.h>
+#include <nolk/core/DecimalOperators.h>
+#include <nolk/core/DecimalParser.h>
+#include <nolk/core/DecimalParserBase.h>
 #include <nolk/core/DynamicLibraryException.h>
 #include <nolk/core/DynamicLibraryLoadException.h>
 #include <nolk/core/DynamicLibraryMethodException.h>
@@ -35,6 +41,7 @@
 #include <nolk/core/IntrusiveListIterator.h>
 #include <nolk/core/IntrusiveListLink.h>
 #include <nolk/core/Iso8601DateTime.h>
+#include <nolk/core/Locale.h>
 #include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/LoggerException.h>
 #include <nolk/core/MessageCatalogException.h>
