@@ -5,7 +5,7 @@
 #include <nolk/core/Locale.h>
 
 #include "nolk/core/foundation/NumberText.h"
-#include "nolk/core/values/DigitText.h"
+#include "nolk/core/values/DigitSums.h"
 
 #include <limits>
 #include <ostream>

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "nolk/core/values/DigitProduct.h"
-#include "nolk/core/values/DigitText.h"
+#include "nolk/core/values/DigitSums.h"
 
 namespace nolk {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "nolk/core/values/DecimalArithmetic.h"
-#include "nolk/core/values/DigitText.h"
+#include "nolk/core/values/DigitSums.h"
 
 namespace nolk {
 

@@ -1,8 +1,8 @@
 /** @file
  * Sums, differences and comparisons of decimal digits in ASCII, the most significant first.
  */
-#ifndef NOLK_CORE_VALUES_DIGIT_TEXT_H
-#define NOLK_CORE_VALUES_DIGIT_TEXT_H
+#ifndef NOLK_CORE_VALUES_DIGIT_SUMS_H
+#define NOLK_CORE_VALUES_DIGIT_SUMS_H
 
 #include <bit>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "nolk/core/values/DigitText.h"
+#include "nolk/core/values/DigitSums.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +38,7 @@ void forPairs(const Action& action) {
     }
 }
 
-TEST(DigitText, AddsInPlace) {
+TEST(DigitSums, AddsInPlace) {
     forPairs([](std::size_t length, std::uint64_t limit, std::uint64_t a, std::uint64_t b) {
         for (const bool carry : {false, true}) {
             std::string digits = "#" + padded(a, length) + "#";
@@ -51,7 +51,7 @@ TEST(DigitText, AddsInPlace) {
     EXPECT_FALSE(asciiAdd(nullptr, {}, false));
 }
 
-TEST(DigitText, SubtractsInPlace) {
+TEST(DigitSums, SubtractsInPlace) {
     forPairs([](std::size_t length, std::uint64_t limit, std::uint64_t a, std::uint64_t b) {
         for (const bool borrow : {false, true}) {
             std::string digits = "#" + padded(a, length) + "#";
@@ -64,7 +64,7 @@ TEST(DigitText, SubtractsInPlace) {
     EXPECT_FALSE(asciiSubtract(nullptr, {}, false));
 }
 
-TEST(DigitText, CountsUpAndDown) {
+TEST(DigitSums, CountsUpAndDown) {
     for (const auto& [low, high] : {std::pair<std::string, std::string>{"0", "1"},
                                     {"199", "200"},
                                     {"0999999999", "1000000000"},
@@ -82,7 +82,7 @@ TEST(DigitText, CountsUpAndDown) {
     EXPECT_EQ(digits, "99");
 }
 
-TEST(DigitText, StripsZerosAtEitherEnd) {
+TEST(DigitSums, StripsZerosAtEitherEnd) {
     for (std::size_t zeros = 0; zeros < 30; ++zeros) {
         for (const std::string digits : {"", "1", "10203", "1000000002", "900000000000000000009"}) {
             const std::string some(zeros, '0');
@@ -92,7 +92,7 @@ TEST(DigitText, StripsZerosAtEitherEnd) {
     }
 }
 
-TEST(DigitText, ComparesIntegersAndFractions) {
+TEST(DigitSums, ComparesIntegersAndFractions) {
     EXPECT_LT(compareIntegers("9", "10"), 0);
     EXPECT_GT(compareIntegers("10", "009"), 0);
     EXPECT_EQ(compareIntegers("000", ""), 0);
@@ -104,7 +104,7 @@ TEST(DigitText, ComparesIntegersAndFractions) {
     EXPECT_LT(compareFractions("12", "1201"), 0);
 }
 
-TEST(DigitText, CopiesAnyLength) {
+TEST(DigitSums, CopiesAnyLength) {
     const std::string source = "abcdefghijklmnopqrstuvwxyz0123456789";
     for (std::size_t length = 0; length <= source.size(); ++length) {
         std::string copy(source.size() + 2, '#');
@@ -115,7 +115,7 @@ TEST(DigitText, CopiesAnyLength) {
     }
 }
 
-TEST(DigitText, WordsReadAndWriteDigits) {
+TEST(DigitSums, WordsReadAndWriteDigits) {
     forPairs([](std::size_t length, std::uint64_t, std::uint64_t a, std::uint64_t) {
         const std::string digits = padded(a, length);
         if (length <= 16) {

@@ -1,4 +1,4 @@
-#include "nolk/core/values/DigitText.h"
+#include "nolk/core/values/DigitSums.h"
 
 #include "nolk/core/values/DigitWords.h"
 
