@@ -5,7 +5,7 @@
 # need. Says nothing when nothing is missing.
 set -euo pipefail
 
-packages=(g++ cmake ninja-build ccache googletest python3 tzdata)
+packages=(g++ cmake ninja-build ccache googletest python3 tzdata locales)
 case "${1:-}" in
 '') ;;
 --all)

@@ -118,10 +118,15 @@
 #include <nolk/core/regex/RegexBracketSet.h>
 #include <nolk/core/regex/RegexCompiler.h>
 #include <nolk/core/regex/RegexDecision.h>
+#include <nolk/core/regex/RegexDecisions.h>
+#include <nolk/core/regex/RegexFailures.h>
 #include <nolk/core/regex/RegexImp.h>
 #include <nolk/core/regex/RegexProgram.h>
+#include <nolk/core/regex/RegexRotations.h>
 #include <nolk/core/regex/RegexScan.h>
+#include <nolk/core/regex/RegexSequence.h>
 #include <nolk/core/regex/RegexStateNode.h>
+#include <nolk/core/regex/RegexStraightWalk.h>
 #include <nolk/core/regex/RegexToken.h>
 #include <nolk/core/regex/RegexTriedList.h>
 #include <nolk/core/regex/RegexUnit.h>
