@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Prints what a run of benchmarks means: how fast we are beside the peers on each row.
 
-usage: ratios.py xml|strings RESULTS.json...
+usage: ratios.py xml|strings|values|regex RESULTS.json...
 
 The results are Google Benchmark's JSON. Of several repetitions the fastest counts: other work on
 the machine only ever slows one down. Ratios compare across machines, the numbers beside them don't.
@@ -42,6 +42,16 @@ GOALS = [
     (r"decode", r"ascii_24_bytes", r"QString", 16 / 25),
     (r"base64\w+", r"1\d{6}", r"OpenSSL\w*", 1.0),
     (r"crc", r"1\d{6}", r"zlib", 1.0),
+]
+
+
+# ---- Values and regular expressions: rows are <what>/<on what>/<whose>, and ours begin with "nolk".
+
+# (what, on what, peer, what our speed must be of the fastest such peer's)
+ROW_GOALS = [
+    (r"search|match", r".*", r"(?!pcre2_jit)\w+", 1.0),
+    (r"compile", r".*", r"re2", 1.0),
+    (r"iso8601|zone", r".*", r".*", None),
 ]
 
 
@@ -148,8 +158,38 @@ def print_strings(paths):
         print()
 
 
+def row_times(paths):
+    """Nanoseconds of CPU time by (what, on what) and whose, in the order of the run."""
+    units = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+    rows = {}
+    for run in runs(paths):
+        what, on, name = run["run_name"].split("/")
+        row = rows.setdefault((what, on), {})
+        time = run["cpu_time"] * units[run["time_unit"]]
+        row[name] = min(row.get(name, time), time)
+    return rows
+
+
+def print_rows(paths):
+    print(f"{'':10}{'on':20}{'ours':16}{'ns':>14}{'ratio':>8}{'wanted':>8}  fastest peer")
+    for (what, on), row in sorted(row_times(paths).items(), key=lambda item: item[0][0]):
+        for pattern_what, pattern_on, pattern_peer, wanted in ROW_GOALS:
+            if not re.fullmatch(pattern_what, what) or not re.fullmatch(pattern_on, on):
+                continue
+            ours = [name for name in row if name.startswith("nolk")]
+            rivals = [name for name in row if name not in ours and
+                      re.fullmatch(pattern_peer, name)]
+            for name in ours if rivals else []:
+                peer = min(rivals, key=row.get)
+                ratio = row[peer] / row[name]
+                goal = "" if wanted is None else f"{wanted:.1f}"
+                print(f"{what:10}{on:20}{name:16}{row[name]:14.1f}{ratio:8.2f}{goal:>8}  "
+                      f"{peer} {row[peer]:.1f}{mark(ratio, wanted)}")
+
+
 def main():
-    printers = {"xml": print_xml, "strings": print_strings}
+    printers = {"xml": print_xml, "strings": print_strings, "values": print_rows,
+                "regex": print_rows}
     if len(sys.argv) < 3 or sys.argv[1] not in printers:
         sys.exit(__doc__)
     printers[sys.argv[1]](sys.argv[2:])

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# bench.sh [xml|strings] [option of Google Benchmark]...
-# Builds the benchmarks of XML, or of the strings, in Release, runs them and prints how we compare
+# bench.sh [xml|strings|values|regex] [option of Google Benchmark]...
+# Builds the benchmarks of XML, or of another room, in Release, runs them and prints how we compare
 # with the peers, row by row. For one row: scripts/bench.sh xml --benchmark_filter=soap/
 set -euo pipefail
 
@@ -8,15 +8,17 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 room=xml
 case "${1:-}" in
-xml | strings)
+xml | strings | values | regex)
     room=$1
     shift
     ;;
 esac
-programs=(xml_benchmarks)
-if [ "$room" = strings ]; then
-    programs=(cstring_benchmarks ustring_benchmarks transcoding_benchmarks encoder_benchmarks)
-fi
+case "$room" in
+xml) programs=(xml_benchmarks) ;;
+strings) programs=(cstring_benchmarks ustring_benchmarks transcoding_benchmarks encoder_benchmarks) ;;
+values) programs=(iso8601_benchmarks time_zone_benchmarks) ;;
+regex) programs=(regex_benchmarks) ;;
+esac
 
 scripts/setup.sh --all
 build=${NOLK_BENCH_DIR:-build/benchmarks}

@@ -5,12 +5,14 @@ usage: library.py --name <name> --exports <exports.map> --objdump <tool> --nm <t
                   [--foreign-path <path>]... <library file>
 
 It exports names of namespace nolk and the plain entry points that exports.map lists, nothing else.
+Loading it starts no thread, and on Windows it asks not to be told of those that start and end.
 """
 
 import argparse
 import pathlib
 import re
 import subprocess
+import sys
 
 from tree import finish
 
@@ -68,6 +70,23 @@ def dll_facts(arguments):
     }
 
 
+def threads_after_load(library):
+    """How many threads a process has that has loaded an ELF library and done nothing else."""
+    program = ('import ctypes, os, sys; ctypes.CDLL(sys.argv[1]);'
+               ' print(len(os.listdir("/proc/self/task")))')
+    return int(output_of(sys.executable, '-c', program, library))
+
+
+def loading_problems(arguments):
+    if arguments.library.endswith('.dll'):
+        imports = output_of(arguments.objdump, '-p', arguments.library)
+        if 'DisableThreadLibraryCalls' not in imports:
+            return ['it does not call DisableThreadLibraryCalls']
+    elif threads_after_load(arguments.library) != 1:
+        return ['loading it starts a thread']
+    return []
+
+
 def find_problems(facts, arguments):
     file_name = pathlib.Path(arguments.library).name
     problems = []
@@ -98,7 +117,7 @@ def main():
     parser.add_argument('library')
     arguments = parser.parse_args()
     facts = (dll_facts if arguments.library.endswith('.dll') else elf_facts)(arguments)
-    problems = find_problems(facts, arguments)
+    problems = find_problems(facts, arguments) + loading_problems(arguments)
     content = pathlib.Path(arguments.library).read_bytes()
     problems += [f'the path {path} is in it' for path in arguments.foreign_path
                  if path.encode() in content]

@@ -202,6 +202,34 @@ TEST_P(AllocationFailure, AssignmentOfAnExceptionTakesTextAndRecordEachByItself)
     EXPECT_EQ(FailingAllocation::live(), before);
 }
 
+TEST(AllocationFailure, AssignmentToItselfTouchesNothing) {
+    Exception failure("a text that stays");
+    const Exception& same = failure;
+    const char* const text = failure.what();
+    ExceptionInfo record("file.cpp", 1, "void f()");
+    const ExceptionInfo& sameRecord = record;
+    const long made = FailingAllocation::made();
+    {
+        FailingAllocation failing(0, true);
+        failure = same;
+        record = sameRecord;
+    }
+    EXPECT_EQ(FailingAllocation::made(), made);
+    EXPECT_EQ(failure.what(), text);
+    EXPECT_STREQ(failure.what(), "a text that stays");
+}
+
+TEST(AllocationFailure, UnsetTextIsCopiedAsAnEmptyOneOfItsOwn) {
+    const Exception unset(ExceptionInfo("file.cpp", 1, "void f()"));
+    long made = FailingAllocation::made();
+    const Exception copy(unset);
+    EXPECT_EQ(FailingAllocation::made(), made + 3);  // text, file and function
+    Exception target("old");
+    made = FailingAllocation::made();
+    target = unset;
+    EXPECT_EQ(FailingAllocation::made(), made + 3);
+}
+
 TEST_P(AllocationFailure, ComparisonOfExceptionsStillAnswers) {
     const Exception left(longText);
     const long before = FailingAllocation::live();
@@ -299,6 +327,21 @@ TEST(AllocationFailure, ReplaceThatCannotFillReturnsAndExpectsTheSameNumberAgain
     EXPECT_EQ(text.getMessage(), built);
     text.replace("one");
     EXPECT_EQ(text.getMessage(), "a long enough text with one and %2%");
+}
+
+// The first place is filled in the second allocation, the second one needs a third.
+TEST(AllocationFailure, ReplaceThatFailsHalfWayPutsTheTextBack) {
+    const std::string built = "a long enough text: %1% and %1%.";
+    const std::string argument = std::string(100, 'x') + "%1%" + std::string(100, 'y');
+    LocalizedMessage text(MessageCatalogId("TEST", "KEY", built.c_str()));
+    {
+        FailingAllocation failing(2);
+        EXPECT_NO_THROW(text.replace(argument));
+        EXPECT_TRUE(failing.hasFailed());
+    }
+    EXPECT_EQ(text.getMessage(), built);
+    text.replace("one");
+    EXPECT_EQ(text.getMessage(), "a long enough text: one and %1%.");
 }
 
 TEST(AllocationFailure, ReplaceThrowsWhenTheSaveFails) {

@@ -31,6 +31,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -51,6 +52,16 @@ LocalizedMessage queueClosed() {
 }
 
 constexpr const char* bracketed = "[QUEUE_CLOSED] Queue closed";
+
+TEST(ExceptionClasses, MakingAndRaisingWritesNothing) {
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    for (const ExceptionRow& entry : allExceptionRows()) {
+        EXPECT_TRUE(entry.caughtByClass(*entry.make())) << entry.name;
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
 
 TEST(ExceptionClasses, EachHasItsText) {
     for (const ExceptionRow& entry : allExceptionRows()) {
@@ -258,6 +269,15 @@ TEST(XmlParseException, TextConstructorsRecordTheirOwnPlaces) {
 
 TEST(XmlParseException, OfANullTextHasAnEmptyText) {
     EXPECT_STREQ(XmlParseException(static_cast<const char*>(nullptr)).what(), "");
+}
+
+TEST(XmlParseLineColException, HoldsTheLineInFrontOfTheColumn) {
+    const XmlParseLineColException failure(site, queueClosed(), 3, 14);
+    unsigned words[2];
+    std::memcpy(words, reinterpret_cast<const char*>(&failure) + sizeof(XmlParseException),
+                sizeof words);
+    EXPECT_EQ(words[0], 3u);
+    EXPECT_EQ(words[1], 14u);
 }
 
 TEST(XmlParseLineColException, HasLineAndColumnOutsideItsText) {

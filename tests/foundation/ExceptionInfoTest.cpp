@@ -68,6 +68,21 @@ TEST(ExceptionInfo, HasAVirtualDestructorAndItsThreeFieldsOnly) {
     EXPECT_EQ(sizeof(ExceptionInfo), 4 * sizeof(void*));
 }
 
+TEST(ExceptionInfo, HoldsLineFileAndFunctionInThisOrder) {
+    const ExceptionInfo info("a.cpp", 42, "void f()");
+    struct Words {
+        void* virtuals;
+        unsigned long line;
+        const char* file;
+        const char* function;
+    } words;
+    static_assert(sizeof words == sizeof info);
+    std::memcpy(&words, &info, sizeof words);
+    EXPECT_EQ(words.line, 42u);
+    EXPECT_STREQ(words.file, "a.cpp");
+    EXPECT_STREQ(words.function, "void f()");
+}
+
 TEST(Here, RecordsThePlaceThatCallsIt) {
     const Exception thrown(here());
     const unsigned long line = __LINE__ - 1;

@@ -234,6 +234,35 @@ TEST(HashMap, CopyKeepsFunctionsAndBuckets) {
     EXPECT_EQ(keysOf(copy), (std::vector<int>{4, 8, 5, 1, 3}));
 }
 
+TEST(HashMap, AssignmentTakesFunctionsAndBuckets) {
+    IntMap four(&nolkIntHash, &IntMap::equalKeys, 4);
+    for (int key : {5, 4, 1, 3}) {
+        four.put(key, key);
+    }
+    IntMap map(&nolkIntHash);
+    map.put(63, 1);
+    map = four;
+    map.put(8, 8);
+    EXPECT_EQ(keysOf(map), (std::vector<int>{4, 8, 5, 1, 3}));
+}
+
+TEST(HashMap, CopyAndAssignmentTakeTheEqualityOfKeys) {
+    const auto lastDigit = [](const int& key) { return static_cast<unsigned>(key % 10); };
+    const auto sameLastDigit = [](const int& a, const int& b) { return a % 10 == b % 10; };
+    IntMap map(lastDigit, sameLastDigit);
+    map.put(1, 100);
+    IntMap copy(map);
+    copy.put(11, 200);
+    EXPECT_EQ(copy.size(), 1u);
+    IntMap assigned(&nolkIntHash);
+    assigned = map;
+    assigned.put(21, 300);
+    EXPECT_EQ(assigned.size(), 1u);
+    assigned.put(2, 400);
+    assigned.put(12, 500);  // in a bucket that the assignment didn't bring
+    EXPECT_EQ(assigned.size(), 2u);
+}
+
 TEST(HashMap, AssignmentReplacesAll) {
     StringMap map;
     map.put("a", "1");

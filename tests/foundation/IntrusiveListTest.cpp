@@ -164,6 +164,26 @@ TEST(IntrusiveList, CopyOfAListWithElementsSharesThem) {
     EXPECT_EQ(shown(copy), "ab");
 }
 
+// Head, tail (which points at itself), last element and count: all of them, as they stand.
+TEST(IntrusiveList, CopyAndAssignmentTakeTheFourWordsAsTheyStand) {
+    Element a('a');
+    Element b('b');
+    IntrusiveList list(&a);
+    list.append(&b);
+    void* words[3];
+    std::memcpy(words, &list, sizeof words);
+    EXPECT_EQ(words[0], static_cast<IntrusiveListLink*>(&a));
+    EXPECT_EQ(words[1], reinterpret_cast<char*>(&list) + sizeof(void*));
+    EXPECT_EQ(words[2], static_cast<IntrusiveListLink*>(&b));
+
+    constexpr std::size_t size = sizeof words + sizeof(std::uint32_t);
+    const IntrusiveList copy(list);
+    EXPECT_EQ(std::memcmp(&copy, &list, size), 0);
+    IntrusiveList assigned;
+    assigned = list;
+    EXPECT_EQ(std::memcmp(&assigned, &list, size), 0);
+}
+
 TEST(IntrusiveList, AssignmentOfAListWithElementsSharesThem) {
     Element a('a');
     Element b('b');

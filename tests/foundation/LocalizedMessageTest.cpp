@@ -45,6 +45,7 @@ TEST(LocalizedMessage, TakesKeyAndBuiltInTextOfItsId) {
 }
 
 static_assert(std::has_virtual_destructor_v<LocalizedMessage>);
+static_assert(std::is_convertible_v<const MessageCatalogId&, LocalizedMessage>);
 
 TEST(LocalizedMessage, HoldsTwoStringsAndA32BitNumber) {
     struct Fields {
@@ -190,6 +191,10 @@ TEST(LocalizedMessageReplace, PlaceholderInTheArgumentAtTheStartIsNotSearchedAga
     EXPECT_EQ(filled("%1% b", {"%1%"}), "%1% b");
 }
 
+TEST(LocalizedMessageReplace, PlaceholderInTheArgumentOnePastThePositionIsFound) {
+    EXPECT_EQ(filled("%1%", {"x%1%"}), "xx%1%");
+}
+
 TEST(LocalizedMessageReplace, PlaceholderInTheArgumentPastThePositionIsFilledInTheMessage) {
     // Found at 5 of the argument, so that 5 of the message is filled as well.
     EXPECT_EQ(filled("%1% and %1%", {"abcde%1%"}), "abcdeabcde%1% and %1%");
@@ -203,6 +208,12 @@ TEST(LocalizedMessageReplace, PositionFromTheArgumentOverwritesWhateverStandsThe
 TEST(LocalizedMessageReplace, PositionFromTheArgumentBehindAPercentIsLeftAlone) {
     // At 5 of the argument; the message has a percent sign at 4, and its last character at 5.
     EXPECT_EQ(filled("%%1%%b", {"12345%1%"}), "%%1%%b");
+}
+
+TEST(LocalizedMessageReplace, PositionFromTheArgumentAtTheTextsEndBehindAPercentIsLeftAlone) {
+    EXPECT_EQ(filled("%%1%", {"1234%1%"}), "%%1%");
+    EXPECT_EQ(filled("%%1% %2%", {"12345678%1%"}), "%%1% %2%");
+    EXPECT_EQ(filled("%%1% %2%", {"12345678%1%", "y"}), "%1% y");
 }
 
 TEST(LocalizedMessageReplace, PositionFromTheArgumentAtTheTextsEndAppends) {
@@ -228,6 +239,10 @@ TEST(LocalizedMessageReplace, PercentInTheArgumentPastTheTextsEndKeepsThePairs) 
 
 TEST(LocalizedMessageReplace, PercentInTheArgumentInFrontOfTheSearchChangesNothing) {
     EXPECT_EQ(filled("%%a", {"x%"}), "%a");
+}
+
+TEST(LocalizedMessageReplace, PercentInTheArgumentTwoPastThePairKeepsThePairs) {
+    EXPECT_EQ(filled("%%abc", {"12%"}), "%%abc");
 }
 
 TEST(LocalizedMessageReplace, PercentInTheArgumentAtTheTextsLastIndexKeepsThePairs) {

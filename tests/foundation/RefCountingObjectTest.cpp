@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <thread>
+#include <type_traits>
 #include <vector>
 
 #include "SlotOrder.h"
@@ -90,6 +91,8 @@ TEST(RefCountingObject, AddRefIsNotVirtual) {
     EXPECT_EQ(hidden, 0);
     object->releaseRef();
 }
+
+static_assert(std::is_destructible_v<RefCountingObject>);
 
 TEST(RefCountingObject, VirtualsKeepTheirSlotOrder) {
     EXPECT_EQ(slotOf(&RefCountingObject::releaseRef), 2u);

@@ -1,10 +1,12 @@
 #include "RegexDump.h"
 
+#include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/regex/RegexCompiler.h>
 #include <nolk/core/regex/RegexTables.h>
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 
 namespace nolk {
@@ -86,6 +88,15 @@ TEST(RegexCompiler, RotatesOneAlternationAtATime) {
     EXPECT_EQ(rotations("((aa|b)|c)"), "00 01 10");
     EXPECT_EQ(rotations("(c|(aa|b)|d)"), "00 10 11 20");
     EXPECT_EQ(rotations("a|$"), "0 1");
+}
+
+// These two are of no pattern's making.
+TEST(RegexCompiler, HasAMessageForEveryCode) {
+    EXPECT_EQ(std::size(regextables::messages), 21u);
+    EXPECT_STREQ(LocalizedMessage(*regextables::messages[19]).getMessage().c_str(),
+                 "Infinite cardinality on potentially empty match");
+    EXPECT_STREQ(LocalizedMessage(*regextables::messages[20]).getMessage().c_str(),
+                 "ASCII Conversion Error");
 }
 
 // The table of codes, told the other way round: by code.

@@ -135,6 +135,14 @@ TYPED_TEST(RegexMatchIteratorOf, ServesReplace) {
     }
 }
 
+// The longer alternative fails, and leaves the place of its group behind the match.
+TYPED_TEST(RegexMatchIteratorOf, CopiesNoTextTwiceForACaptureOutsideTheMatch) {
+    Regex<TypeParam> regex(widened<TypeParam>("(ab(c)d|a)"));
+    auto text = widened<TypeParam>("abce");
+    EXPECT_EQ(regex.replace(text, widened<TypeParam>("X"), 0, 2, 0, ~0u, true), 1u);
+    EXPECT_EQ(text, widened<TypeParam>("aXbce"));
+}
+
 TYPED_TEST(RegexMatchIteratorOf, LeavesWhatIsOutsideTheRangeOfReplaceAlone) {
     Regex<TypeParam> regex(widened<TypeParam>("a"));
     auto text = widened<TypeParam>("aaaa");

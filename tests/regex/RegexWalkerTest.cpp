@@ -3,23 +3,34 @@
 
 #include "../support/FailingAllocation.h"
 #include "RegexFlavours.h"
+#include "RegexOracle.h"
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
+#include <vector>
 
 namespace nolk {
 namespace {
 
 using test::told;
 
-// The most decisions on the tried list that a search of `count` characters and one more leaves.
-std::uint32_t triedBy(const std::string& pattern, char unit, unsigned count) {
+template <typename T>
+std::string searched(RegexImp<T>& regex, const std::string& text) {
+    const std::basic_string<T> subject = test::widened<T>(text);
+    auto result = RegexImp<T>::makeResult();
+    regex.search(subject.data(), 0, static_cast<unsigned>(subject.size()), result);
+    return told(result);
+}
+
+// How many decisions a search of `count` characters asks for.
+std::uint32_t looksOf(const std::string& pattern, char unit, unsigned count) {
     RegexImp<char> regex(pattern.data(), static_cast<unsigned>(pattern.size()));
     const std::string text = std::string(count, unit);
     auto result = RegexImp<char>::makeResult();
-    regex.matchAt(text.data(), 0, count, result);
-    return regex.walker().tried();
+    regex.search(text.data(), 0, count, result);
+    return regex.walker().looks();
 }
 
 struct Explosive {
@@ -47,14 +58,59 @@ TEST(RegexWalker, EndsForExplosivePatterns) {
     }
 }
 
-TEST(RegexWalker, LooksCloselyAtSoManyDecisionsAndThenAtTheirPlacesAlone) {
-    // n (n + 1) (n + 2) (n + 3) / 24 and the like at first; nodes times positions later.
-    EXPECT_LT(triedBy("(a*)*b", 'a', 8), 500u);
-    EXPECT_LT(triedBy("(a*)*b", 'a', 16), 6000u);
-    const std::uint32_t most = RegexTriedList<char>::closeLooks + 6 * 257;
-    for (const unsigned count : {64u, 128u, 256u}) {
-        EXPECT_LE(triedBy("(a*)*b", 'a', count), most) << count;
+TEST(RegexWalker, GrowsWithTheSquareOfTheTextOnceFailuresAreRemembered) {
+    // n (n + 1) (n + 2) (n + 3) / 24 and the like for each place at first.
+    EXPECT_LT(looksOf("(a*)*b", 'a', 8), 2000u);
+    for (const char* const pattern : {"(a*)*b", "(a+)+b", "(x+x+)+y", "((a*)*)*b"}) {
+        for (const unsigned count : {64u, 128u, 256u}) {
+            EXPECT_LT(looksOf(pattern, pattern[1] == 'x' ? 'x' : 'a', count),
+                      RegexWalker<char>::looksBeforeFailures + 20 * count * count)
+                << pattern << " on " << count;
+        }
     }
+}
+
+// The first two alternatives of each take the time; the last is the match.
+TEST(RegexWalker, FindsWhatLiesBehindExplosiveAlternatives) {
+    for (const char* const pattern :
+         {"(a*)*b|(a*)*c|a+d", "(x+x+)+y|(a|aa|aaa)*b|a+d", "((aa?)*)*b|((a+)+)+[ce]|[a-b]+d"}) {
+        for (const unsigned count : {20u, 64u, 256u}) {
+            const std::string text = std::string(count, 'a') + "d!";
+            RegexImp<char> regex(pattern, static_cast<unsigned>(std::strlen(pattern)));
+            const std::string whole = searched(regex, text).substr(0, 6);
+            EXPECT_EQ(whole.substr(0, whole.find(' ')), "0/" + std::to_string(count + 1))
+                << pattern << " on " << count;
+        }
+    }
+}
+
+// However early failures are remembered: the match is the one that trying everything finds.
+TEST(RegexWalker, FindsTheSameMatchWithFailuresRememberedFromTheBeginning) {
+    test::PatternMaker maker(2906);
+    std::uint32_t known = 0;
+    for (int i = 0; i < 5000; ++i) {
+        const std::vector<test::Part> parts = maker.fixedPattern();
+        const std::string pattern = written(parts);
+        RegexImp<char> regex(pattern.data(), static_cast<unsigned>(pattern.size()));
+        regex.walker().rememberFailuresAfter(0);
+        test::NaiveMatcher naive(parts, maker.groups());
+        for (int j = 0; j < 5; ++j) {
+            const std::string text = maker.text(10);
+            std::vector<test::Place> expected(maker.groups() + 1);
+            auto result = RegexImp<char>::makeResult();
+            ASSERT_EQ(regex.search(text.data(), 0, static_cast<unsigned>(text.size()), result),
+                      naive.search(text, expected))
+                << pattern << " on " << text;
+            known += regex.walker().failures();
+            if (result) {
+                ASSERT_EQ(static_cast<int>(result.getStart(0)), expected[0].start);
+                ASSERT_EQ(static_cast<int>(result.getStart(0) + result.getLength(0)),
+                          expected[0].end)
+                    << pattern << " on " << text;
+            }
+        }
+    }
+    EXPECT_GT(known, 10000u);
 }
 
 TEST(RegexWalker, AllocatesNothingOnceItHasWorked) {

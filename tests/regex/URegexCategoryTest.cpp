@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <iterator>
 #include <set>
 #include <string>
 
@@ -43,28 +45,111 @@ TEST(URegexCategory, KnowsTheCategoryOfAUnit) {
     }
 }
 
-TEST(URegexCategory, CountsAsUnicodeDoes) {
+// The numbers and the FNV-1a hash of all categories in order come from the Unicode data.
+TEST(URegexCategory, IsThatOfUnicodeForAllUnits) {
+    const unsigned expected[uregexCategoryCount] = {
+        6811, 704, 824,  31,   48, 44033, 496, 10, 117, 198, 52, 231, 18,   1, 1,
+        65,   26,  6400, 2048, 18, 64,    63,  11, 195, 889, 34, 69,  2069, 6, 4};
     unsigned counts[uregexCategoryCount] = {};
+    std::uint32_t hash = 2166136261u;
     for (unsigned unit = 0; unit < 0x10000; ++unit) {
-        ++counts[uregexCategory(static_cast<UChar>(unit))];
+        const unsigned category = uregexCategory(static_cast<UChar>(unit));
+        ASSERT_LT(category, uregexCategoryCount) << unit;
+        ++counts[category];
+        hash = (hash ^ category) * 16777619u;
     }
-    EXPECT_EQ(counts[18], 2048u);
-    EXPECT_EQ(counts[17], 6400u);
-    EXPECT_EQ(counts[15], 65u);
-    EXPECT_EQ(counts[13], 1u);
-    EXPECT_EQ(counts[14], 1u);
+    for (unsigned i = 0; i < uregexCategoryCount; ++i) {
+        EXPECT_EQ(counts[i], expected[i]) << i;
+    }
+    EXPECT_EQ(hash, 0x951A036Bu);
 }
 
+struct NameRow {
+    const char* shortName;
+    const char* longName;
+    unsigned number;
+    std::set<unsigned> categories;
+};
+
+const NameRow nameRows[] = {
+    {"Cn", "Not Assigned", 0, {0}},
+    {"Lu", "Uppercase Letter", 1, {1}},
+    {"Ll", "Lowercase Letter", 2, {2}},
+    {"Lt", "Titlecase Letter", 3, {3}},
+    {"Lm", "Modifier Letter", 4, {4}},
+    {"Lo", "Other Letter", 5, {5}},
+    {"Mn", "Non-Spacing Mark", 6, {6}},
+    {"Me", "Enclosing Mark", 7, {7}},
+    {"Mc", "Spacing Combining Mark", 8, {8}},
+    {"Nd", "Decimal Digit Number", 9, {9}},
+    {"Nl", "Letter Number", 10, {10}},
+    {"No", "Other Number", 11, {11}},
+    {"Zs", "Space Separator", 12, {12}},
+    {"Zl", "Line Separator", 13, {13}},
+    {"Zp", "Paragraph Separator", 14, {14}},
+    {"Cc", "Control", 15, {15}},
+    {"Cf", "Format", 16, {16}},
+    {"Co", "Private Use", 17, {17}},
+    {"Cs", "Surrogate", 18, {18}},
+    {"Pd", "Dash Punctuation", 19, {19}},
+    {"Ps", "Open Punctuation", 20, {20}},
+    {"Pe", "Close Punctuation", 21, {21}},
+    {"Pc", "Connector Punctuation", 22, {22}},
+    {"Po", "Other Punctuation", 23, {23}},
+    {"Sm", "Math Symbol", 24, {24}},
+    {"Sc", "Currency Symbol", 25, {25}},
+    {"Sk", "Modifier Symbol", 26, {26}},
+    {"So", "Other Symbol", 27, {27}},
+    {"Pi", "Initial Punctuation", 28, {28}},
+    {"Pf", "Final Punctuation", 29, {29}},
+    {"L", "Letter", 0, {1, 2, 3, 4, 5}},
+    {"M", "Mark", 0, {6, 7, 8}},
+    {"N", "Number", 0, {9, 10, 11}},
+    {"P", "Punctuation", 0, {19, 20, 21, 22, 23, 28, 29}},
+    {"S", "Symbol", 0, {24, 25, 26, 27}},
+    {"Z", "Separator", 0, {12, 13, 14}},
+    {"C", "Other", 0, {0, 15, 16, 17, 18}},
+    {"WB", "Word Break", 0, {0}},
+    {"CB", "Character Break", 0, {0}},
+    {"LB", "Line Break", 0, {0}},
+    {"SB", "Sentence Break", 0, {0}},
+    {"BOL", "Beginning of Line", 0, {0}},
+    {"EOL", "End of Line", 0, {0}},
+};
+
+void expectName(const std::string& name, unsigned number, const std::set<unsigned>& categories) {
+    std::uint32_t bits = 0;
+    for (const unsigned category : categories) {
+        bits += 1u << category;
+    }
+    const URegexCategoryName* const entry = findURegexCategory(widened<UChar>(name));
+    ASSERT_NE(entry, nullptr) << name;
+    EXPECT_EQ(entry->name, name);
+    EXPECT_EQ(entry->number, number) << name;
+    EXPECT_EQ(entry->categories, bits) << name;
+}
+
+// Three names have no long form.
 TEST(URegexCategory, Knows89Names) {
     std::set<std::string_view> names;
-    unsigned count = 0;
-    while (const URegexCategoryName* entry = uregexCategoryName(count)) {
-        names.insert(entry->name);
-        ++count;
-        EXPECT_EQ(findURegexCategory(widened<UChar>(std::string(entry->name))), entry);
+    while (const URegexCategoryName* entry =
+               uregexCategoryName(static_cast<unsigned>(names.size()))) {
+        ASSERT_TRUE(names.insert(entry->name).second) << entry->name;
     }
-    EXPECT_EQ(count, 89u);
     EXPECT_EQ(names.size(), 89u);
+    std::set<unsigned> all;
+    for (unsigned category = 0; category < uregexCategoryCount; ++category) {
+        all.insert(category);
+    }
+    expectName("ALL", 0, all);
+    all.erase(0);
+    expectName("ASSIGNED", 0, all);
+    expectName("UNASSIGNED", 0, {0});
+    for (const NameRow& row : nameRows) {
+        expectName(row.shortName, row.number, row.categories);
+        expectName(row.longName, row.number, row.categories);
+    }
+    EXPECT_EQ(2 * std::size(nameRows) + 3, names.size());
     EXPECT_EQ(findURegexCategory(widened<UChar>("lu")), nullptr);
     EXPECT_EQ(findURegexCategory(widened<UChar>("")), nullptr);
 }

@@ -4,6 +4,8 @@
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace nolk {
 namespace {
@@ -75,6 +77,43 @@ TEST(ByteSearch, IsNotMisledByTheEndsOfThePattern) {
     }
     EXPECT_EQ(find(text, "ayb"), noBytes);
     EXPECT_EQ(find(text + "ayb", "ayb"), 90u);
+}
+
+// Each way to compare long texts that this processor can go, whichever it would choose.
+std::vector<Compare*> comparers() {
+    std::vector<Compare*> all{compareInBlocks};
+#ifdef NOLK_CORE_X86_VECTORS
+    if (processor::hasAvx2()) {
+        all.push_back(compareWithAvx2);
+    }
+#endif
+    return all;
+}
+
+TEST(ByteSearch, EachWayToCompareFindsTheFirstDifference) {
+    for (Compare* const compare : comparers()) {
+        for (std::size_t length = 16; length <= 420; ++length) {
+            const Tight a(std::string(length, 'a'));
+            const Tight b(std::string(length, 'a'));
+            const Tight longer(std::string(length + 1, 'a'));
+            const char* x = a.bytes.get();
+            char* y = b.bytes.get();
+            ASSERT_EQ(compare(x, length, y, length, length), 0) << length;
+            ASSERT_EQ(compare(x, length, longer.bytes.get(), length + 1, length), -1) << length;
+            ASSERT_EQ(compare(longer.bytes.get(), length + 1, x, length, length), 1) << length;
+            y[length - 1] = 'b';
+            for (std::size_t at = 0; at < length; ++at) {
+                const char before = std::exchange(y[at], '\xE1');
+                ASSERT_EQ(compare(x, length, y, length, length), 1) << at << " of " << length;
+                ASSERT_EQ(compare(y, length, x, length, length), -1) << at << " of " << length;
+                y[at] = before;
+            }
+        }
+    }
+}
+
+TEST(ByteSearch, TakesTheWidestVectorsThatThereAre) {
+    EXPECT_EQ(compareMany, comparers().back());
 }
 
 TEST(ByteSearch, FirstDifferenceTellsTheOrder) {

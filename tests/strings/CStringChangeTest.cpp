@@ -220,7 +220,7 @@ const BufferRow bufferRows[] = {
     {"shorter with 15 to spare", 100, 90, 5, 0, 100},
     {"shorter with 16 to spare: as large as the old text", 100, 90, 6, 0, 90},
     {"shorter with far more to spare", 200, 100, 90, 0, 100},
-    {"a full buffer stays", 100, 100, 90, 0, 100},
+    {"a full buffer: another one just as large", 100, 100, 90, 0, 100},
     {"old text below 64: into the object", 200, 63, 60, 0, 64},
     {"old text of 64 stays on the heap", 200, 64, 60, 0, 64},
 };
@@ -278,12 +278,75 @@ TEST(CStringChange, MaxWasteTellsHowMuchIsLeftUnused) {
     EXPECT_EQ(other.capacity(), 200u);
 }
 
-TEST(CStringChange, SmallBufferKeepsItsPlaceWhenItShrinks) {
+TEST(CStringChange, FullBufferIsLeftForAnotherOneWhenItShrinks) {
+    CString text(long100);
+    const char* data = text.data();
+    text.remove(85);
+    EXPECT_EQ(text.data(), data);
+    CString other(long100);
+    data = other.data();
+    other.remove(84);
+    EXPECT_NE(other.data(), data);
+    EXPECT_EQ(other.view(), std::string(84, 'x'));
+}
+
+TEST(CStringChange, SmallBufferKeepsATextBelow64ThatShrinks) {
+    CString text('x', 63);
+    text.remove(2);
+    EXPECT_EQ(text.view(), "xx");
+    EXPECT_TRUE(isInline(text));
+}
+
+// What replaces a full one has room for 64 bytes, too.
+TEST(CStringChange, FullSmallBufferIsLeftForTheHeapWhenItShrinks) {
     CString text('x', 63);
     text += 'y';
+    EXPECT_TRUE(isInline(text));
     text.remove(1, 62);
     EXPECT_EQ(text.view(), "xy");
+    EXPECT_EQ(text.capacity(), 64u);
+    EXPECT_FALSE(isInline(text));
+    EXPECT_TRUE(shareBuffer(text, CString(text)));
+    CString little('x', 63);
+    little += 'y';
+    little.remove(49);
+    EXPECT_TRUE(isInline(little));
+}
+
+TEST(CStringChange, BufferIsKeptToItsLastByte) {
+    CString text(200);
+    text.append('x', 100);
+    const char* data = text.data();
+    text.replace(0, 0, CString('y', 100));
+    EXPECT_EQ(text.data(), data);
+    EXPECT_EQ(text.length(), 200u);
+    CString small('x', 60);
+    small.insert(1, "yyyy");
+    EXPECT_EQ(small.view(), "xyyyy" + std::string(59, 'x'));
+    EXPECT_TRUE(isInline(small));
+}
+
+TEST(CStringChange, NothingAppendedKeepsABufferUnlessItIsShared) {
+    CString text(200);
+    text.append('x', 100);
+    const char* data = text.data();
+    text.append("", 0).append(nothing, 3).append(data + 100, 0);
+    EXPECT_EQ(text.data(), data);
+    CString copy(text);
+    copy.append("", 0);
+    EXPECT_FALSE(shareBuffer(text, copy));
+    EXPECT_EQ(copy.view(), long100);
+}
+
+TEST(CStringChange, OwnTextThatFillsTheSmallBufferLeavesItForTheHeap) {
+    CString text('x', 60);
+    text.insert(1, text.data(), 3);
     EXPECT_TRUE(isInline(text));
+    CString full('x', 60);
+    full.insert(1, full.data(), 4);
+    EXPECT_EQ(full.view(), std::string(64, 'x'));
+    EXPECT_EQ(full.capacity(), 64u);
+    EXPECT_FALSE(isInline(full));
 }
 
 TEST(CStringChange, AppendedAndPrependedBytesGrowByDoubling) {
@@ -389,6 +452,14 @@ TEST(CStringStrip, NothingLeftIsANullSubstring) {
     const CSubString stripped = text.strip(CString::both, 'x');
     EXPECT_TRUE(stripped.isNull());
     EXPECT_EQ(stripped.start(), npos);
+}
+
+TEST(CStringStrip, TakesZeroBytesButNotTheTerminator) {
+    const CString zeros('\0', 3);
+    EXPECT_TRUE(zeros.strip(CString::leading, '\0').isNull());
+    EXPECT_TRUE(zeros.strip(CString::trailing, '\0').isNull());
+    EXPECT_TRUE(CString("").strip(CString::leading, '\0').isNull());
+    EXPECT_EQ(CString(std::string_view("\0a\0", 3)).strip(CString::leading, '\0').length(), 2u);
 }
 
 TEST(CStringStrip, TakesWhiteSpaceOfEachKind) {

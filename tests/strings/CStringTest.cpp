@@ -299,6 +299,19 @@ TEST(CString, AssignmentOfATextKeepsABufferThatHoldsIt) {
     EXPECT_EQ(text.capacity(), 500u);
 }
 
+TEST(CString, AssignmentOfATextMayFillTheBuffer) {
+    const std::string text64(64, 'x');
+    CString text;
+    text = text64.c_str();
+    EXPECT_EQ(text.view(), text64);
+    EXPECT_TRUE(isInline(text));
+    CString large(100);
+    const char* data = large.data();
+    large = long100.c_str();
+    EXPECT_EQ(large.view(), long100);
+    EXPECT_EQ(large.data(), data);
+}
+
 TEST(CString, AssignmentOfATextLeavesASharedBuffer) {
     CString text(long100);
     const CString copy(text);
@@ -572,6 +585,15 @@ TEST(CString, CapacityGivesNoRoomBackFromAPrivateBuffer) {
     EXPECT_EQ(text.capacity(10), 200u);
 }
 
+TEST(CString, CapacityOfTheLengthLeavesALargerSharedBuffer) {
+    CString text(200);
+    text.append('x', 100);
+    CString copy(text);
+    EXPECT_EQ(copy.capacity(100), 100u);
+    EXPECT_FALSE(shareBuffer(text, copy));
+    EXPECT_EQ(copy.view(), long100);
+}
+
 TEST(CString, CapacityLeavesASharedBufferForOneAsAskedFor) {
     CString text(200);
     text = "abc";
@@ -598,6 +620,25 @@ TEST(CString, CowMakesASharedBufferPrivate) {
         EXPECT_EQ(text.view(), long100);
         EXPECT_EQ(text.capacity(), 100u);
     }
+}
+
+TEST(CString, CowTakesNoMoreThanTheText) {
+    CString text(500);
+    text.append('x', 100);
+    CString copy(text);
+    copy(0) = 'y';
+    EXPECT_EQ(copy.capacity(), 100u);
+    EXPECT_EQ(text.capacity(), 500u);
+}
+
+TEST(CString, CowOf64BytesStaysOnTheHeap) {
+    const CString text('x', 64);
+    CString copy(text);
+    copy(0) = 'y';
+    EXPECT_EQ(copy.view(), "y" + std::string(63, 'x'));
+    EXPECT_EQ(copy.capacity(), 64u);
+    EXPECT_FALSE(isInline(copy));
+    EXPECT_TRUE(shareBuffer(copy, CString(copy)));
 }
 
 TEST(CString, CowWithACapacityKeepsABufferThatIsEnough) {
@@ -657,6 +698,10 @@ TEST(CString, RefusesToGrowBeyondItsPositions) {
     EXPECT_THROW(text.resize(all), std::length_error);
     EXPECT_THROW(text.capacity(all), std::length_error);
     EXPECT_EQ(text.view(), "abc");
+    CString large(long100);
+    EXPECT_THROW(large.append("x", all), std::length_error);
+    EXPECT_THROW(large.append("x", all - 100), std::length_error);
+    EXPECT_EQ(large.view(), long100);
 }
 
 // --- Settings ---

@@ -161,9 +161,12 @@ TEST(CStringTokenizer, ZeroByteIsADelimiterWhereItIsCounted) {
 TEST(CStringTokenizer, ZeroByteIsPartOfATokenWhereItIsNotCounted) {
     const CString text = bytes(std::string_view("a\0b c", 5));
     const Tokens expected{std::string("a\0b", 3), "c"};
+    const CString set(" ");
     EXPECT_EQ(tokensOf(text, [](auto& next) { return next(" ", 1); }), expected);
+    EXPECT_EQ(tokensOf(text, [&](auto& next) { return next(set); }), expected);
     EXPECT_EQ(tokensOf(text, [](auto& next) { return next.nextToken(" ", 1); }), expected);
     EXPECT_EQ(tokensOf(text, [](auto& next) { return next.nextToken(" "); }), expected);
+    EXPECT_EQ(tokensOf(text, [&](auto& next) { return next.nextToken(set); }), expected);
 }
 
 TEST(CStringTokenizer, WithoutDelimitersGivesTheWholeText) {

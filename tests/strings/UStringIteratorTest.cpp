@@ -263,6 +263,13 @@ TEST(UStringIterator, RefusesToReplaceWhatItCannotRead) {
     EXPECT_EQ(shown(s), u"a\xD800");
 }
 
+TEST(UStringIterator, WritesTheGreatestCodePoint) {
+    UString s = text(u"abc");
+    UStringIterator i(s);
+    *i = UChar32{0x10FFFF};
+    EXPECT_EQ(shown(s), u"\U0010FFFFbc");
+}
+
 TEST(UStringIterator, RefusesToWriteWhatIsNoCodePoint) {
     UString s = text(u"abc");
     UStringIterator i(s);

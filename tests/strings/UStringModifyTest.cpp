@@ -269,6 +269,18 @@ TEST(UStringModify, ResizeCountsUnitsOrCodePoints) {
     EXPECT_EQ(shown(text(u"a").resize(3, UChar32{0x1F600})), u"a\U0001F600\U0001F600");
 }
 
+TEST(UStringModify, TakesTheGreatestCodePoint) {
+    const UChar32 greatest = 0x10FFFF;
+    const UChar32 run[] = {greatest, 0};
+    EXPECT_EQ(shown(UString(greatest, 1)), u"\xDBFF\xDFFF");
+    EXPECT_EQ(shown(UString(run)), u"\xDBFF\xDFFF");
+    EXPECT_EQ(shown(text(u"a").append(greatest, 2)), u"a\xDBFF\xDFFF\xDBFF\xDFFF");
+    EXPECT_EQ(shown(text(u"a").append(run)), u"a\xDBFF\xDFFF");
+    EXPECT_EQ(shown(text(u"a").resize(2, greatest)), u"a\xDBFF\xDFFF");
+    UString assigned;
+    EXPECT_EQ(shown(assigned = greatest), u"\xDBFF\xDFFF");
+}
+
 // Sources within the string
 
 TEST(UStringModify, TakesTheStringItselfAsASource) {

@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -17,6 +19,7 @@
 #include <vector>
 
 #include "UnitText.h"
+#include "foundation/SlotOrder.h"
 
 namespace nolk {
 namespace {
@@ -437,6 +440,36 @@ TEST(UString, AdoptsABufferOfUnknownLengthAndKnownCapacity) {
     EXPECT_EQ(deallocator.freed(), 2);
 }
 
+// The text is cut after the string was made, and again after its length was asked.
+TEST(UString, IsMeasuredWhenItsLengthIsFirstAskedAndNeverAgain) {
+    Units units = test::units(u"abcdefghij");
+    CountingDeallocator deallocator;
+    const UString borrowed(units.c_str(), UString::persistent);
+    const UString adopted(units.data(), &deallocator);
+    const UString ofCapacity(units.data(), npos, 10, &deallocator);
+    units[6] = UChar();
+    EXPECT_EQ(borrowed.length(), 6u);
+    EXPECT_EQ(ofCapacity.length(), 6u);
+    units[5] = UChar();
+    EXPECT_EQ(adopted.capacity(), 5u);
+    units[2] = UChar();
+    EXPECT_EQ(borrowed.length(), 6u);
+    EXPECT_EQ(adopted.length(), 5u);
+    EXPECT_EQ(adopted.capacity(), 5u);
+    EXPECT_EQ(ofCapacity.length(), 6u);
+    EXPECT_EQ(ofCapacity.capacity(), 10u);
+}
+
+TEST(UString, ThatIsMeasuredKeepsItsLengthForItsCapacity) {
+    Units units = test::units(u"abcdefghij");
+    CountingDeallocator deallocator;
+    const UString adopted(units.data(), &deallocator);
+    EXPECT_EQ(adopted.length(), 10u);
+    units[2] = UChar();
+    EXPECT_EQ(adopted.length(), 10u);
+    EXPECT_EQ(adopted.capacity(), 10u);
+}
+
 TEST(UString, WithAnAdoptedBufferDropsItOnAssignment) {
     Units units = test::units(u"adopted text");
     CountingDeallocator deallocator;
@@ -461,6 +494,55 @@ TEST(UString, AdoptingWithoutADeallocatorLeavesTheBufferToItsOwner) {
         EXPECT_EQ(s.data(), units.data());
     }
     EXPECT_EQ(units, test::units(u"somebody's text"));
+}
+
+// Tells its two operations apart.
+class BothWays : public UString::Deallocator {
+public:
+    static std::size_t slotOfConst() {
+        return slotOf(static_cast<void (BothWays::*)(UChar*) const>(&BothWays::doDeallocate));
+    }
+    static std::size_t slotOfOther() {
+        return slotOf(static_cast<void (BothWays::*)(UChar*)>(&BothWays::doDeallocate));
+    }
+
+    mutable int byConst = 0;
+    int byOther = 0;
+
+protected:
+    void doDeallocate(UChar*) const override { ++byConst; }
+    void doDeallocate(UChar*) override { ++byOther; }
+};
+
+TEST(UStringDeallocator, VirtualsKeepTheirSlotOrder) {
+    EXPECT_EQ(BothWays::slotOfConst(), 2u);  // behind the destructor
+    EXPECT_EQ(BothWays::slotOfOther(), 3u);
+}
+
+TEST(UStringDeallocator, CallsTheOperationOfItsOwnConstness) {
+    BothWays deallocator;
+    deallocator.deallocate(nullptr);
+    EXPECT_EQ(deallocator.byOther, 1);
+    EXPECT_EQ(deallocator.byConst, 0);
+    std::as_const(deallocator).deallocate(nullptr);
+    EXPECT_EQ(deallocator.byOther, 1);
+    EXPECT_EQ(deallocator.byConst, 1);
+}
+
+TEST(UStringStaticDeallocator, ForwardsToItsConstOperation) {
+    class Derived : public UString::StaticDeallocator {
+    public:
+        using UString::StaticDeallocator::StaticDeallocator;
+        mutable int calls = 0;
+
+    protected:
+        using UString::StaticDeallocator::doDeallocate;
+        void doDeallocate(UChar*) const override { ++calls; }
+    };
+    Derived deallocator(UString::StaticDeallocator::USE_DELETE);
+    UString::Deallocator& base = deallocator;
+    base.deallocate(nullptr);
+    EXPECT_EQ(deallocator.calls, 1);
 }
 
 TEST(UStringStaticDeallocator, FreesByItsFunction) {
@@ -510,6 +592,47 @@ TEST(UStringCounter, HoldsItsUnitsInItsOwnBlock) {
     EXPECT_EQ(counter->removeReference(), 0);
 }
 
+// What stands in memory, in order.
+TEST(UStringCounter, KeepsItsFieldsInOrder) {
+    struct Fields {
+        std::int32_t references;
+        UChar* data;
+        std::uint32_t length;
+        std::uint32_t capacity;
+        UString::Deallocator* deallocator;
+    };
+    static_assert(sizeof(Fields) == sizeof(UString::Counter));
+    const auto fieldsOf = [](const UString::Counter* counter) {
+        Fields fields;
+        std::memcpy(&fields, counter, sizeof fields);
+        return fields;
+    };
+    UString::Counter* const counter = UString::Counter::make(u"abcd"_u, 4, 10);
+    counter->addReference();
+    const Fields own = fieldsOf(counter);
+    EXPECT_EQ(own.references, 1);
+    EXPECT_EQ(own.data, counter->data());
+    EXPECT_EQ(own.length, 4u);
+    EXPECT_EQ(own.capacity, 10u);
+    EXPECT_EQ(own.deallocator, nullptr);
+    counter->removeReference();
+    Units units = test::units(u"abcd");
+    CountingDeallocator deallocator;
+    UString::Counter* const adopting =
+        UString::Counter::make(units.data(), npos, npos, &deallocator);
+    adopting->addReference();
+    const Fields adopted = fieldsOf(adopting);
+    EXPECT_EQ(adopted.data, units.data());
+    EXPECT_EQ(adopted.length, npos);
+    EXPECT_EQ(adopted.capacity, npos);
+    EXPECT_EQ(adopted.deallocator, &deallocator);
+    EXPECT_EQ(adopting->length(), 4u);
+    const Fields measured = fieldsOf(adopting);
+    EXPECT_EQ(measured.length, 4u);
+    EXPECT_EQ(measured.capacity, 4u);
+    adopting->removeReference();
+}
+
 TEST(UStringCounter, WithoutRoomForATerminatorHasNone) {
     UString::Counter* const counter = UString::Counter::make(u"abcd"_u, 4, 4);
     counter->addReference();
@@ -553,6 +676,14 @@ TEST(UString, MovesToABufferOfTheCapacityAsked) {
         EXPECT_EQ(shown(shared), c.text);
         EXPECT_EQ(s.data()[s.length()], UChar());
     }
+}
+
+TEST(UString, MovesIntoTheObjectForACapacityOf8) {
+    UString s(u"abc"_u, 3, 100);
+    EXPECT_EQ(s.capacity(8), 8u);
+    const UString copy(s);
+    EXPECT_NE(copy.data(), s.data());
+    EXPECT_EQ(shown(copy), u"abc");
 }
 
 TEST(UString, ThatBorrowsGetsABufferOfItsOwnFromTheCapacityAsked) {
@@ -725,6 +856,13 @@ TEST(UString, TellsSurrogatesFromOtherUnits) {
         ASSERT_EQ(UString::isHighSurrogate(static_cast<UChar>(u)), u >= 0xD800 && u <= 0xDBFF);
         ASSERT_EQ(UString::isLowSurrogate(static_cast<UChar>(u)), u >= 0xDC00 && u <= 0xDFFF);
     }
+}
+
+TEST(UString, LooksAtTheUnitOfAWiderArgumentAlone) {
+    EXPECT_TRUE(UString::isHighSurrogate(UChar32{0x1D800}));
+    EXPECT_TRUE(UString::isLowSurrogate(UChar32{0x10DFFF}));
+    EXPECT_FALSE(UString::isHighSurrogate(UChar32{0x1DC00}));
+    EXPECT_FALSE(UString::isLowSurrogate(UChar32{0x1D800}));
 }
 
 TEST(UString, TellsCharactersFromSurrogatesAndNoncharacters) {

@@ -217,9 +217,11 @@ TEST(UStringFromUtf8, TheUnitsTellTheCapacityWhateverTheBytes) {
 
 TEST(UStringFromUtf8, ALateCharacterAboveAsciiChangesNothingInFront) {
     for (std::size_t before = 0; before < 200; ++before) {
-        const UString text(std::string(before, 'a') + "\xE2\x82\xAC" + "b");
+        const std::string bytes = std::string(before, 'a') + "\xE2\x82\xAC" + "b";
+        const UString text(bytes);
         ASSERT_EQ(unitsOf(text), Units(before, UChar('a')) + units({0x20AC, 'b'}));
         ASSERT_EQ(text.capacity(), capacityFor(before + 2));
+        ASSERT_EQ(text.toUtf8(), bytes);
     }
 }
 
@@ -256,16 +258,37 @@ TEST(UStringGetCodePoint, GivesEachCodePointAndCountsItsBytes) {
     EXPECT_EQ(consumed, 11u);
 }
 
-TEST(UStringGetCodePoint, PlacesGoOnFromTheBytesCountedSoFar) {
-    QXArrayByteSource source("\xE2\x82", 2);
-    unsigned consumed = 100;
-    UChar32 point = 0;
-    try {
-        UString::getCodePointFromUtf8Source(source, point, consumed);
-        FAIL();
-    } catch (const ConversionException& failure) {
-        EXPECT_EQ(failure.what(), incomplete("100 through 101"));
-        EXPECT_EQ(consumed, 102u);
+struct FailingSource {
+    std::string bytes;
+    std::string failure;
+    unsigned consumed;
+};
+
+TEST(UStringGetCodePoint, CountsTheBytesOfAMistakeOnFromThoseBefore) {
+    const FailingSource rows[] = {
+        {"\xE2\x82", incomplete("100 through 101"), 102},
+        {"\xE2"
+         "a",
+         incomplete("100 through 101"), 102},
+        {"\xF0\x9F\x98"
+         "a",
+         incomplete("100 through 103"), 104},
+        {"\xE2", incomplete("100 through 100"), 101},
+        {"\x80", illegal("100 through 100"), 101},
+        {"\xC0\x80", illegal("100 through 101"), 102},
+        {"\xED\xA0\x80", irregular("100 through 102"), 103},
+    };
+    for (const FailingSource& row : rows) {
+        QXArrayByteSource source(row.bytes.data(), static_cast<unsigned>(row.bytes.size()));
+        unsigned consumed = 100;
+        UChar32 point = 0;
+        try {
+            UString::getCodePointFromUtf8Source(source, point, consumed);
+            ADD_FAILURE() << row.failure;
+        } catch (const ConversionException& failure) {
+            EXPECT_EQ(failure.what(), row.failure);
+            EXPECT_EQ(consumed, row.consumed) << row.failure;
+        }
     }
 }
 

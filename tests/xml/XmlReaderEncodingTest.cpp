@@ -419,6 +419,13 @@ TEST(XmlReaderEncoding, UnknownNamesNeedTheCompanion) {
     }
 }
 
+TEST(XmlReaderEncoding, TheFailureOfAnUnknownNameEndsWithTheWholeTextOfItsCause) {
+    EXPECT_EQ(failureOf(declaration("KOI8-R") + "<a/>"),
+              transcodeFailure("1:38", "KOI8-R") +
+                  "[XML_CONVERSION_UNAVAILABLE] No conversion library[nolk_icu] available from "
+                  "\"KOI8-R\" to \"UTF-8\"");
+}
+
 TEST(XmlReaderEncoding, AUtf16NameInAnAsciiDocumentContradictsIt) {
     for (const std::string name : {"UTF-16LE", "UTF-16BE", "utf-16be"}) {
         for (const std::string root : {"<a/>", "<ab/>"}) {
@@ -468,6 +475,11 @@ TEST(XmlReaderEncoding, TheDetectedNameInAnotherCaseConvertsAgainFromTheBytesAsT
     }
     EXPECT_EQ(encodingOf(marked(LittleEndian, little)), "utf-16le");
     EXPECT_EQ(encodingOf(marked(BigEndian, big)), "Utf-16be");
+}
+
+TEST(XmlReaderEncoding, AMarkThatTheConvertedTextStartsWithIsNoneOfTheBytesThatMustReappear) {
+    const std::u16string text = u"\xFEFF" + declaration16(u"utf-16le") + u"<a>\u00E4</a>";
+    EXPECT_EQ(dump(marked(LittleEndian, text)), "Start a Data'\xC3\xA4' End a");
 }
 
 TEST(XmlReaderEncoding, Utf8OrAsciiDeclaredInAUtf16DocumentIsBelievedByNameOnly) {
@@ -553,6 +565,87 @@ TEST(XmlReaderEncoding, ADeclarationInsideAConvertedDocumentMissesTextThatWasMov
     // What was read no longer reads as it came, since the reference was replaced in place.
     const std::u16string text = u"<a>&lt;x<?xml version='1.0' encoding='utf-16le'?>y</a>";
     EXPECT_EQ(dump(marked(LittleEndian, text)), "Start a !XML_TRANSCODE_FROM_DECL_FAILED");
+}
+
+// Texts that a declaration makes shorter than what was read: two zero bytes are one character of
+// UTF-16, and so one byte. Such a declaration fails as any other and leaves all in its place.
+
+const std::string utf16Inside = "<?xml version='1.0' encoding='UTF-16LE'?>";
+
+std::string zeros(unsigned count) {
+    return "<!--" + std::string(count, '\0') + "-->";
+}
+
+// 39 bytes of the declaration are read, 207 of the comment and three of the tag.
+TEST(XmlReaderEncoding, ADeclarationThatMakesTheTextShorterFailsInItsPlace) {
+    EXPECT_EQ(failureOf(zeros(200) + utf16Inside + "<r>y</r>"),
+              declarationFailure("1:247", "UTF-16LE"));
+    EXPECT_EQ(failureOf("<r>" + zeros(200) + utf16Inside + "y</r>"),
+              declarationFailure("1:250", "UTF-16LE"));
+    EXPECT_EQ(failureOf("<r>x" + zeros(200) + utf16Inside + "y</r>"),
+              declarationFailure("1:251", "UTF-16LE"));
+}
+
+TEST(XmlReaderEncoding, ADeclarationThatMakesTheTextShorterIsReadOnBehind) {
+    XmlReader reader("<r>" + zeros(200) + utf16Inside + "y</r>");
+    EXPECT_EQ(dumpRest(reader), "Start r !XML_TRANSCODE_FROM_DECL_FAILED");
+    EXPECT_EQ(dumpNode(reader), "Start r");
+    EXPECT_EQ(reader.getVersion(), "1.0");
+    EXPECT_EQ(reader.getEncoding(), "UTF-16LE");
+    EXPECT_EQ(dumpRest(reader), "Data'?>y' End r");
+}
+
+TEST(XmlReaderEncoding, ADeclarationThatMakesTheTextShorterKeepsTheStateOfTheLastTag) {
+    XmlReader reader("<r>" + zeros(400) + "<p:name xmlns:p='u' a='1'>x" + utf16Inside +
+                     "y</p:name></r>");
+    EXPECT_EQ(dumpRest(reader),
+              "Start r Start{u}p:name[xmlns:p='u' a='1'] !XML_TRANSCODE_FROM_DECL_FAILED");
+    EXPECT_EQ(dumpName(reader.getLastNameI()), "{u}p:name");
+    EXPECT_EQ(dumpAttributes(reader.getLastAttributesI()), "[xmlns:p='u' a='1']");
+    EXPECT_EQ(reader.getURIForPrefix("p"), "u");
+    EXPECT_EQ(reader.getVersion(), "1.0");
+    EXPECT_EQ(reader.getEncoding(), "UTF-16LE");
+    EXPECT_EQ(dumpRest(reader), "Data'?>y' End{u}p:name End r");
+}
+
+// As 407 bytes of a comment, 12 of a tag and one of text are in front, and three of another tag.
+TEST(XmlReaderEncoding, ADeclarationThatMakesTheTextShorterFailsInItsPlaceInsideText) {
+    EXPECT_EQ(failureOf("<r>" + zeros(400) + "<name a='1'>x" + utf16Inside + "y</name></r>"),
+              declarationFailure("1:463", "UTF-16LE"));
+}
+
+TEST(XmlReaderEncoding, ADeclarationThatMakesTheTextShorterMayComeAgain) {
+    const std::string other = "<?xml version='1.0' encoding='utf-16be'?>";
+    XmlReader reader("<r>" + zeros(200) + utf16Inside + "<a/>" + other + utf16Inside + "y</r>");
+    EXPECT_EQ(dumpRest(reader), "Start r !XML_TRANSCODE_FROM_DECL_FAILED");
+    EXPECT_EQ(dumpRest(reader), "Data'?>' Empty a !XML_TRANSCODE_FROM_DECL_FAILED");
+    EXPECT_EQ(reader.getEncoding(), "utf-16be");
+    EXPECT_EQ(dumpRest(reader), "!XML_TRANSCODE_FROM_DECL_FAILED");
+    EXPECT_EQ(reader.getEncoding(), "UTF-16LE");
+    EXPECT_EQ(dumpRest(reader), "Data'?>y' End r");
+}
+
+TEST(XmlReaderEncoding, ADeclarationThatMakesTheTextShorterInsideAnElementLeavesAReadableReader) {
+    const std::string document = "<r>" + zeros(400) + "<a b='1'>x<c/>" + utf16Inside + "y</a></r>";
+    const XmlName any = XmlReader::NullName;
+    for (int operation = 0; operation < 3; ++operation) {
+        XmlReader reader(document);
+        reader.readElementStart();
+        EXPECT_THROW(operation == 0   ? void(reader.readElement(any))
+                     : operation == 1 ? void(reader.readWellFormedElement(any))
+                                      : void(reader.getElementReader(any)),
+                     XmlParseLineColException);
+        EXPECT_EQ(dumpNode(reader), "Empty c");
+        EXPECT_EQ(dumpRest(reader), "Data'?>y' End a End r");
+    }
+}
+
+// From a converted text to a shorter one: it fails in the text as it came, 646 bytes behind the
+// mark like in the converted one. The mark's FF counts for four bytes of the 648.
+TEST(XmlReaderEncoding, ADeclarationThatMakesAConvertedTextShorterFailsInTheTextAsItCame) {
+    const std::u16string text = u"<!--" + std::u16string(300, u'\u0100') +
+                                u"--><?xml version='1.0' encoding='UTF-16BE'?><r/>";
+    EXPECT_EQ(failureOf(marked(LittleEndian, text)), declarationFailure("1:646", "UTF-16BE"));
 }
 
 TEST(XmlReaderEncoding, NothingDanglesAfterADeclarationInsideHasFailed) {

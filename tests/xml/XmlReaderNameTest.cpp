@@ -86,6 +86,10 @@ TEST(XmlReaderName, TheIllegalCharacterIsToldAsUtf8) {
     EXPECT_EQ(failureOf("<\xC3\x97/>"), illegal("1:3", "\xC3\x97"));
     EXPECT_EQ(failureOf("<\xE2\x80\x93/>"), illegal("1:3", "\xE2\x80\x93"));
     EXPECT_EQ(failureOf("<\xEF\xBF\xBE/>"), illegal("1:3", "\xEF\xBF\xBE"));
+    EXPECT_EQ(failureOf("<\xF0\x9F\xBF\xBE/>"), illegal("1:3", "\xF0\x9F\xBF\xBE"));
+    // Decoded one bit too high: to 0x180000, and to 0x200000, of which 21 bits are written.
+    EXPECT_EQ(failureOf("<\xF3\x80\x80\x80/>"), illegal("1:3", "\xF6\x80\x80\x80"));
+    EXPECT_EQ(failureOf("<\xF4\x80\x80\x80/>"), illegal("1:3", "\xF0\x80\x80\x80"));
 }
 
 TEST(XmlReaderName, AZeroByteStartsNoName) {

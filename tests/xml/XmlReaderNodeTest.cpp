@@ -484,6 +484,29 @@ TEST(XmlReaderNode, ReadingAtTheEndWithoutAskingIsPrematureEof) {
     }
 }
 
+TEST(XmlReaderNode, ReadingAtTheEndLeavesTheLastNode) {
+    XmlReader reader(std::string("<a>x</a>"));
+    for (int i = 0; i < 3; ++i) {
+        reader.readNextNode();
+    }
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(prematureEof, failure([&] { reader.readNextNode(); }));
+        EXPECT_EQ("</a>", node(reader));
+        EXPECT_EQ("x", reader.getLastContent());
+    }
+}
+
+// Two bytes behind the element are its reader's too: here they are text that never ends.
+TEST(XmlReaderNode, ReadingAtTheEndOfAnElementGoesNoFurther) {
+    XmlReader reader = inside("<r><a>x</a>  <b/></r>");
+    XmlReader child = reader.getElementReader(any);
+    EXPECT_EQ((Nodes{"<a>", "\"x\"", "</a>"}), (Nodes{next(child), next(child), next(child)}));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(prematureEof, failure([&] { child.readNextNode(); })) << i;
+        EXPECT_EQ("\"\"", node(child)) << i;
+    }
+}
+
 TEST(XmlReaderNode, CommentOrInstructionBehindTheRootIsPrematureEof) {
     expectRows({
         {"<a></a><!--c-->", {"<a>", "</a>", prematureEof}},

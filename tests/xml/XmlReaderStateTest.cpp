@@ -96,6 +96,26 @@ TEST(XmlReaderState, AChildTellsTheStandaloneOfItsParent) {
     EXPECT_EQ("yes", reader.getElementReader(any).getStandalone());
 }
 
+struct OpenReader : XmlReader {
+    explicit OpenReader(const XmlReader& reader) : XmlReader(reader) {}
+    using XmlReader::body;
+};
+
+TEST(XmlReaderState, AChildKnowsWhatTheDeclarationOfItsParentNames) {
+    for (const bool encoding : {true, false}) {
+        for (const bool standalone : {true, false}) {
+            const OpenReader reader(
+                inside(std::string("<?xml version='1.0'") + (encoding ? " encoding='UTF-8'" : "") +
+                       (standalone ? " standalone='no'" : "") + "?><r><a>x</a></r>"));
+            EXPECT_EQ(encoding, reader.body().encodingDeclared());
+            EXPECT_EQ(standalone, reader.body().standaloneDeclared());
+            const OpenReader child(XmlReader(reader).getElementReader("a"));
+            EXPECT_EQ(encoding, child.body().encodingDeclared());
+            EXPECT_EQ(standalone, child.body().standaloneDeclared());
+        }
+    }
+}
+
 // A child moves the text of an element that the parent has passed. What the parent remembers of the
 // prefixes declared there must not be read from it.
 TEST(XmlReaderState, PrefixesOfPassedElementsMayBeMovedByAChild) {

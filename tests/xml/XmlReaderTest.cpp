@@ -284,6 +284,26 @@ TEST(XmlReader, BodyLivesUntilTheLastHandleGoes) {
     EXPECT_EQ((Nodes{"<a>", "\"x\"", "</a>"}), nodes(second));
 }
 
+struct WatchedBody : XmlReaderImp {
+    WatchedBody(const std::string& text, bool& gone)
+        : XmlReaderImp(text.data(), static_cast<unsigned>(text.size())), gone_(gone) {}
+    ~WatchedBody() override { gone_ = true; }
+
+private:
+    bool& gone_;
+};
+
+TEST(XmlReader, BodyLivesUntilTheLastReaderOfAnElementGoes) {
+    bool gone = false;
+    XmlReader reader(new WatchedBody("<r><a/></r>", gone));
+    reader.readNextNode();
+    XmlReader child = reader.getElementReader(a);
+    reader = XmlReader();
+    EXPECT_FALSE(gone);
+    child = XmlReader();
+    EXPECT_TRUE(gone);
+}
+
 // ---- Settings ----
 
 TEST(XmlReader, SettingsStartAsTrueTrueFalse) {

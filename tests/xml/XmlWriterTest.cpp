@@ -287,6 +287,19 @@ TEST(XmlWriter, TextOfALengthTakesThatManyBytes) {
     EXPECT_EQ(writer.text(), "ab&lt;");
 }
 
+TEST(XmlWriter, WhatStandsBehindTheLengthIsNotLookedAt) {
+    for (const char* behind : {"", "!", "!x", "![CDATA[x]]>"}) {
+        PieceWriter writer;
+        writer.write((std::string("<") + behind).c_str(), 1, true);
+        writer.write((std::string("a<") + behind).c_str(), 2, true);
+        EXPECT_EQ(writer.pieces, (Pieces{"&lt;", "a&lt;"})) << behind;
+        XmlStringWriter sink;
+        sink.write((std::string("<") + behind).c_str(), 1, true);
+        sink.write((std::string("a<") + behind).c_str(), 2, true);
+        EXPECT_EQ(sink.getString(), "&lt;a&lt;") << behind;
+    }
+}
+
 TEST(XmlWriter, NoTextAtNoPlaceIsHarmless) {
     PieceWriter writer;
     writer.write(nullptr, 0, true);

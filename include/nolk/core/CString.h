@@ -36,8 +36,8 @@ class CSubString;
  * copied or destroyed.
  *
  * Copies may be made, read and dropped in any thread; one object is not for two threads when one of
- * them writes. Everything that makes a text longer throws std::bad_alloc, or std::length_error
- * beyond 4 GiB - 2 bytes, and then leaves the string as it was.
+ * them writes. Everything that needs a new buffer throws std::bad_alloc, or std::length_error for
+ * a text beyond 4 GiB - 2 bytes, and then leaves the string as it was.
  */
 class NOLK_API CString {
 public:
@@ -208,7 +208,7 @@ public:
     CString& append(char c, unsigned n);
     CString& append(const char* text) { return append(text, lengthOf(text)); }
     CString& append(const char* text, unsigned n) {
-        return canAppendInPlace(text, n) ? appendInPlace(text, n) : replace(length(), 0, text, n);
+        return canAppendInPlace(text, n) ? appendInPlace(text, n) : appendInNewBuffer(text, n);
     }
     CString& append(const CString& text) { return append(text.data_, text.length()); }
     CString& append(const CString& text, unsigned n) {
@@ -233,8 +233,8 @@ public:
     CString& remove(unsigned pos) { return remove(pos, npos); }
     CString& remove(unsigned pos, unsigned n) { return replace(pos, n, nullptr, 0); }
 
-    /** Puts the text in the place of n bytes. Gets a new buffer if the text would become shorter
-     * and leave more than `maxWaste` bytes unused. */
+    /** Puts the text in the place of n bytes. Gets a new buffer, with room for the old length, if
+     * the text would become shorter and leave more than `maxWaste` bytes unused. */
     CString& replace(unsigned pos, unsigned n, const char* text);
     CString& replace(unsigned pos, unsigned n, const char* text, unsigned textLength);
     CString& replace(unsigned pos, unsigned n, const CString& text);
@@ -364,7 +364,7 @@ private:
             copyInline(other);
         } else {
             data_ = other.data_;
-            ref()->addReference();
+            ref()->join();
         }
     }
     void beginWith(CString& other) noexcept {
@@ -385,7 +385,7 @@ private:
         }
     }
     static void release(CStringRef* buffer) noexcept {
-        if (!buffer->isShared() || buffer->removeReference() == 0) {
+        if (buffer->leave()) {
             CStringRef::destroy(buffer);
         }
     }
@@ -400,6 +400,12 @@ private:
         std::memmove(data_ + length(), text, n);
         setLength(length() + n);
         return *this;
+    }
+
+    CString& appendInNewBuffer(const char* text, unsigned n);
+    void useHeap(char* text) noexcept {
+        releaseHeap();
+        data_ = text;
     }
 
     unsigned grownCapacity(unsigned requested) const noexcept;

@@ -11,6 +11,10 @@
 #include <cstdint>
 #include <type_traits>
 
+#if __has_include(<ext/atomicity.h>)
+#include <ext/atomicity.h>
+#endif
+
 namespace nolk {
 
 /**
@@ -76,6 +80,31 @@ private:
     // Whether another string knows this buffer. Sees what a string that has left it did before;
     // unlike references() it costs no interlocked operation.
     bool isShared() const noexcept { return count().load(std::memory_order_acquire) > 1; }
+
+    // Whether this is the only thread that the process ever had. An interlocked operation takes
+    // longer than all else about a copy, and where nobody else is there, nobody sees a difference.
+    static bool isOnlyThread() noexcept {
+#if __has_include(<ext/atomicity.h>)
+        return __gnu_cxx::__is_single_threaded();
+#else
+        return false;
+#endif
+    }
+
+    void join() noexcept {
+        if (isOnlyThread()) {
+            unsafeAddReference();
+        } else {
+            addReference();
+        }
+    }
+    // Whether nobody is left.
+    bool leave() noexcept {
+        if (!isShared()) {
+            return true;
+        }
+        return (isOnlyThread() ? unsafeRemoveReference() : removeReference()) == 0;
+    }
 
     long unsafeCount(std::int32_t step) noexcept {
         const std::int32_t now = count().load(std::memory_order_relaxed) + step;

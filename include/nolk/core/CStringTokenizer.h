@@ -23,8 +23,8 @@ class ByteSet;
  * Holds a copy of the text, which shares the buffer where it can. The tokens are substrings of that
  * copy and live as long as the tokenizer; to assign to one is to write into the text.
  *
- * Delimiters are a terminated text, n bytes, a CString, or " \t\n" without an argument. The two
- * operations may be mixed.
+ * Delimiters are a terminated text, n bytes, all bytes of a CString, or " \t\n" without an
+ * argument. The two operations may be mixed.
  */
 class NOLK_API CStringTokenizer {
 public:
@@ -38,7 +38,8 @@ public:
 
     /**
      * The next token that isn't empty: runs of delimiters are skipped. At the end a null substring.
-     * With terminated delimiters, and with those of no argument, zero bytes separate too.
+     * With terminated delimiters, and with those of no argument, zero bytes separate too; with
+     * counted ones, those of a CString among them, only if they are delimiters.
      */
     CSubString operator()();
     CSubString operator()(const char* delimiters);

@@ -16,6 +16,9 @@ namespace nolk {
 template <typename T>
 class RegexImp;
 
+template <typename T>
+class RegexStraightWalk;
+
 /**
  * The places of a match and of its groups, as offsets in characters from the subject's beginning.
  *
@@ -52,6 +55,7 @@ public:
 
 private:
     friend class RegexImp<T>;
+    friend class RegexStraightWalk<T>;
 
     struct Uninitialised {};
 

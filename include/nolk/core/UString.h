@@ -341,8 +341,9 @@ public:
     static constexpr UChar lowSurrogate(UChar32 cp) noexcept {
         return UChar((cp & 0x3FF) | 0xDC00);
     }
-    static constexpr bool isHighSurrogate(UChar32 u) noexcept { return (u & ~0x3FFUL) == 0xD800; }
-    static constexpr bool isLowSurrogate(UChar32 u) noexcept { return (u & ~0x3FFUL) == 0xDC00; }
+    /** Of a code unit: only the lower 16 bits are looked at. */
+    static constexpr bool isHighSurrogate(UChar32 u) noexcept { return (u & 0xFC00) == 0xD800; }
+    static constexpr bool isLowSurrogate(UChar32 u) noexcept { return (u & 0xFC00) == 0xDC00; }
     static constexpr bool requiresSurrogatePair(UChar32 cp) noexcept { return cp > 0xFFFF; }
     /** Whether `cp` is a code point, and neither a surrogate nor a noncharacter. */
     static constexpr bool isUnicodeCharacter(UChar32 cp) noexcept {

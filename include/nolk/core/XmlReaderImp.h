@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -171,6 +172,7 @@ private:
     void applyDeclaredEncoding(XmlReaderString declared);
     void readDocTypeDecl();
     void transcodeDocument(const XmlReaderString& encoding);
+    std::optional<std::string> convertDocument(const XmlReaderString& encoding);
     std::string convertBytes(const std::string& encoding, const std::string& upperCase,
                              std::string_view source);
     bool isPlainAscii();
@@ -227,9 +229,10 @@ private:
     char* scanAttribute(char* p, bool expand);
     XmlReaderString readAttributeValue(bool expand);
     XmlReaderString readQuoted(char quote, bool expand);
-    const XmlReaderAttribute& addAttribute(const ScannedName& name, const XmlReaderString& value);
-    void noteDeclaration(const XmlReaderAttribute& attribute);
-    void declareNamespace(const XmlReaderNamespace& binding);
+    void addAttribute(const ScannedName& name, const XmlReaderString& value);
+    void noteDeclaration(const ScannedName& name, XmlReaderString value);
+    void declareNamespace(XmlReaderString prefix, XmlReaderString uri);
+    void declareOneOfMany(const XmlReaderNamespace& binding);
     void fixupAttributeURIs();
     void resolveAttributes();
 

@@ -47,12 +47,11 @@ public:
     /** Binds in the innermost scope, which is opened first where there is none. Of two bindings of
      * one prefix in a scope the earlier one counts. */
     void addNamespace(const XmlReaderNamespace& binding) {
+        const XmlReaderNamespace copy = binding;  // it may lie in the slots that growth replaces
         const std::uint32_t innermost = depth_ - 1;
-        if (innermost < firstScopes && first_[innermost].length() < first_[innermost].capacity()) {
-            first_[innermost].appendSlot() = binding;
-        } else {
-            addWithoutRoom(binding);
-        }
+        const bool hasRoom =
+            innermost < firstScopes && first_[innermost].length() < first_[innermost].capacity();
+        (hasRoom ? first_[innermost] : makeRoom()).appendSlot() = copy;
     }
 
     /** The URI of the innermost binding of `prefix`, or an empty view. */
@@ -82,7 +81,7 @@ private:
     static constexpr std::uint32_t secondRoom = 2;
 
     void pushDeeperScope();
-    void addWithoutRoom(const XmlReaderNamespace& binding);
+    XmlReaderNamespaceList& makeRoom();
     void lendRoom(XmlReaderNamespaceList& scope);
 
     std::uint32_t depth_ = 0;

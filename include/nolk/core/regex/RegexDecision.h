@@ -13,13 +13,19 @@ template <typename T>
 struct RegexGroupProgress {
     /** Iterations, the current one included. */
     std::uint32_t count;
+    /** The number of the walk that began the current iteration. */
+    std::uint32_t walk;
     /** Where the current iteration began. */
     const T* lastPosition;
     /** The capture: null where it is unset. The end is that of the last finished iteration. */
     const T* captureStart;
     const T* groupEnd;
 
-    bool operator==(const RegexGroupProgress&) const = default;
+    /** Compares how far they have come, and not by which walk. */
+    bool operator==(const RegexGroupProgress& other) const noexcept {
+        return count == other.count && lastPosition == other.lastPosition &&
+               captureStart == other.captureStart && groupEnd == other.groupEnd;
+    }
 };
 
 /** What a decision does when it is taken. */

@@ -9,6 +9,8 @@
 #include <nolk/core/regex/RegexArray.h>
 #include <nolk/core/regex/RegexProgram.h>
 #include <nolk/core/regex/RegexScan.h>
+#include <nolk/core/regex/RegexSequence.h>
+#include <nolk/core/regex/RegexStraightWalk.h>
 #include <nolk/core/regex/RegexWalker.h>
 
 #include <cstdint>
@@ -63,16 +65,18 @@ public:
     /** @name For tests
      *  @{ */
     const RegexProgram<T>& program() const noexcept { return program_; }
-    const RegexWalker<T>& walker() const noexcept { return walker_; }
+    RegexWalker<T>& walker() noexcept { return walker_; }
+    /** Has all searches go by walks. */
+    void walkAlways() noexcept { walksAlways_ = true; }
     /** @} */
 
 private:
     bool begin(const T* base, unsigned start, unsigned end, RegexResult<T>& result);
     bool searchFrom(const T* p, RegexResult<T>& result);
-    bool searchLinear(const T* p, RegexResult<T>& result);
     bool attempt(const T* p, RegexResult<T>& result);
-    bool attemptLinear(const T* p, RegexResult<T>& result) const;
-    const T* walkLinear(const T* p) const;
+    bool attemptWalks(const T* p, RegexResult<T>& result);
+    bool attemptSequence(const T* p, bool& found, RegexResult<T>& result) const;
+    bool attemptStraight(const T* p, bool& found, RegexResult<T>& result) const;
     void keep(const T* p, const T* end, RegexResult<T>& result) const;
 
     RegexArray<T, 128> pattern_;  // with a zero behind it; empty if there is none
@@ -81,6 +85,8 @@ private:
     RegexWalker<T> walker_;
     const T* base_ = nullptr;
     const T* end_ = nullptr;
+    bool isWalking_ = false;  // the search goes by walks
+    bool walksAlways_ = false;
 };
 
 extern template class RegexImp<char>;

@@ -57,8 +57,13 @@ struct RegexStateNode {
     bool mayReenterAlternation = false;
     /** It may be left for `onSkip` although it matches. */
     bool mayBeSkipped = false;
-    /** A repeated group of a single unit, which saves nothing. */
+    /** A repeated group of a single unit, or a group of texts of which no two can stand at one
+     * place; it saves nothing. */
     bool isRun = false;
+    /** Of a group: a visit of a node inside may lead to one of these. */
+    bool savesInside = false;
+    /** Of a head: a look ahead allows one alternative at most. */
+    bool isExclusive = false;
     /** It fails for certain where a look ahead says no. */
     bool failsUnseen = false;
     /** @} */
@@ -93,7 +98,7 @@ struct RegexStateNode {
     /** The node that a look ahead asks: itself, or inside a group; none: the answer is yes. */
     std::uint32_t look = regexNone;
 
-    /** What it matches: the unit; or the place of its text or set in the program. */
+    /** What it matches: the unit; or the place of its text, set or choices in the program. */
     std::uint32_t operand = 0;
     std::uint32_t operandLength = 0;
 
@@ -102,6 +107,9 @@ struct RegexStateNode {
     bool repeats() const noexcept { return (code & regexRepeatBit) != 0; }
     bool isInGroup() const noexcept { return (code & regexInGroupBit) != 0; }
     bool isOptional() const noexcept { return (code & regexOptionalBit) != 0; }
+    bool savesVisits() const noexcept {
+        return mayBeSkipped || mayReopenGroup || mayReenterAlternation;
+    }
     bool isTerminal() const noexcept { return kind <= RegexNodeKind::fail; }
 };
 

@@ -4,6 +4,8 @@
 #ifndef NOLK_CORE_REGEX_REGEX_TOKEN_H
 #define NOLK_CORE_REGEX_REGEX_TOKEN_H
 
+#include <nolk/core/regex/RegexArray.h>
+
 #include <cstdint>
 
 namespace nolk {
@@ -49,6 +51,9 @@ struct RegexToken {
     /** The node that it became, or the first behind it. */
     std::uint32_t node;
 };
+
+/** The tokens of a pattern, with room for an ordinary one's. */
+using RegexTokens = RegexArray<RegexToken, 192>;
 
 constexpr bool isRegexCardinality(RegexTokenType type) noexcept {
     return type >= RegexTokenType::oneOrMore && type <= RegexTokenType::counted;

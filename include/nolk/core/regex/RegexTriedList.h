@@ -1,5 +1,5 @@
 /** @file
- * The decisions that a search has saved before.
+ * The decisions that an attempt has saved before.
  */
 #ifndef NOLK_CORE_REGEX_REGEX_TRIED_LIST_H
 #define NOLK_CORE_REGEX_REGEX_TRIED_LIST_H
@@ -16,21 +16,17 @@ namespace nolk {
  * Remembers every decision of a walk and its retries, so that none is saved twice.
  *
  * Two decisions are the same if they lead from the same node to the same place, at the same
- * position, with the same progress of the groups around. Of those there may be very many: what is
- * left to try of `(a*)*b` grows with the fourth power of the text. So a search looks that closely
- * at its first 16,384 decisions only. From then on progress is left out, which bounds the
- * decisions of an attempt by nodes times positions; and after 65,536 the list is no longer
- * forgotten from one attempt to the next, which bounds those of the whole search.
+ * position, with the same progress of the groups around.
  *
- * The list is a hash table, and clearing it costs nothing.
+ * The list is a hash table, and clearing it costs nothing. It holds 262,144 decisions at most and
+ * then begins anew: up to some 20 MB, and 8 MB more for each level of groups.
  */
 template <typename T>
 class RegexTriedList {
 public:
     using Progress = RegexGroupProgress<T>;
 
-    static constexpr std::uint32_t closeLooks = 1u << 14;
-    static constexpr std::uint32_t forgettingLooks = 1u << 16;
+    static constexpr std::uint32_t mostEntries = 1u << 18;
 
     /** Begins a search. */
     void begin() noexcept {
@@ -45,6 +41,8 @@ public:
     bool enter(const RegexDecision<T>& decision, const Progress* progress, std::uint32_t depth);
 
     std::uint32_t size() const noexcept { return entries_.size(); }
+    /** How many decisions the search has asked for. It stops at the highest number. */
+    std::uint32_t looks() const noexcept { return looks_; }
 
 private:
     struct Entry {
@@ -66,11 +64,9 @@ private:
 
     std::uint32_t hash(const Entry& entry, const Progress* progress) const noexcept;
     bool isSame(const Entry& known, const Entry& entry, const Progress* progress) const noexcept;
-    bool isClose() const noexcept { return looks_ <= closeLooks; }
     Slot& freeSlot(std::uint32_t hash) noexcept;
     void add(Entry entry, const Progress* progress);
     void grow();
-    void rebuild();
 
     RegexArray<Entry, 16> entries_;
     RegexArray<Progress, 16> progress_;

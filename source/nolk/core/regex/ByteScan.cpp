@@ -1,10 +1,11 @@
 #include <nolk/core/regex/ByteScan.h>
 
+#include <nolk/core/foundation/Processor.h>
+
 #include <bit>
 #include <cstring>
 
-#if defined(__x86_64__) && defined(__GNUC__)
-#define NOLK_CORE_REGEX_AVX2
+#ifdef NOLK_CORE_X86_VECTORS
 #include <immintrin.h>
 #endif
 
@@ -38,7 +39,7 @@ const char* findTextByByte(const char* p, const char* end, const char* text, std
     return end;
 }
 
-#ifdef NOLK_CORE_REGEX_AVX2
+#ifdef NOLK_CORE_X86_VECTORS
 
 // Functions of their own and not templates: code for newer processors must not leak into inline
 // functions that the rest of the library shares.
@@ -101,10 +102,7 @@ const char* findTextByByte(const char* p, const char* end, const char* text, std
 }
 
 bool hasAvx2() {
-    static const bool has = [] {
-        __builtin_cpu_init();  // static initialisers of other libraries may come first
-        return __builtin_cpu_supports("avx2") != 0;
-    }();
+    static const bool has = processor::hasAvx2();
     return has;
 }
 
@@ -120,7 +118,7 @@ const char* find(const char* p, const char* end, const RegexBitmap& set, const N
     if (p != close) {
         return p;
     }
-#ifdef NOLK_CORE_REGEX_AVX2
+#ifdef NOLK_CORE_X86_VECTORS
     if (end - p >= 32 && hasAvx2()) {
         p = findInSetAvx2(p, end, nibbles, wanted ? ~std::uint32_t{0} : 0);
     }
@@ -153,7 +151,7 @@ const char* findOutsideSet(const char* p, const char* end, const RegexBitmap& se
 
 const char* findText(const char* p, const char* end, const char* text,
                      std::size_t length) noexcept {
-#ifdef NOLK_CORE_REGEX_AVX2
+#ifdef NOLK_CORE_X86_VECTORS
     if (hasAvx2()) {
         return findTextAvx2(p, end, text, length);
     }

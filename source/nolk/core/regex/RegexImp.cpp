@@ -70,7 +70,8 @@ bool RegexImp<T>::begin(const T* base, unsigned start, unsigned end, RegexResult
     }
     base_ = base;
     end_ = base + end;
-    if (!program_.isLinear) {
+    isWalking_ = walksAlways_ || !program_.isStraight;
+    if (isWalking_) {
         walker_.begin(program_, base, end_);
     }
     return true;
@@ -113,9 +114,20 @@ bool RegexImp<T>::searchFrom(const T* p, RegexResult<T>& result) {
 
 template <typename T>
 bool RegexImp<T>::attempt(const T* p, RegexResult<T>& result) {
-    if (program_.isLinear) {
-        return attemptLinear(p, result);
+    if (!isWalking_) {
+        bool found = false;
+        if (program_.isSequence ? attemptSequence(p, found, result)
+                                : attemptStraight(p, found, result)) {
+            return found;
+        }
+        walker_.begin(program_, base_, end_);
+        isWalking_ = true;
     }
+    return attemptWalks(p, result);
+}
+
+template <typename T>
+bool RegexImp<T>::attemptWalks(const T* p, RegexResult<T>& result) {
     // The longest match over the rotations. The first walk of a rotation decides for it; only if
     // that one fails are its decisions taken, and then an empty match isn't taken for one.
     bool found = false;
@@ -137,35 +149,37 @@ bool RegexImp<T>::attempt(const T* p, RegexResult<T>& result) {
     return found;
 }
 
-// Without groups and decisions a match is the one way through the nodes.
+// Without groups the ways through the nodes are soon tried. Says whether they decide: few enough.
 template <typename T>
-bool RegexImp<T>::attemptLinear(const T* p, RegexResult<T>& result) const {
-    const T* const end = walkLinear(p);
-    if (end == nullptr || (program_.isEndAnchored && end != end_)) {
+bool RegexImp<T>::attemptSequence(const T* p, bool& found, RegexResult<T>& result) const {
+    RegexSequence<T> sequence(program_, end_);
+    const T* const end = sequence.walk(p);
+    if (sequence.isTooLong()) {
         return false;
     }
-    result.set(0, static_cast<unsigned>(p - base_), static_cast<unsigned>(end - p));
+    found = end != nullptr && (end != p || sequence.isDirect()) &&
+            (!program_.isEndAnchored || end == end_);
+    if (found) {
+        result.set(0, static_cast<unsigned>(p - base_), static_cast<unsigned>(end - p));
+    }
     return true;
 }
 
+// Says whether the straight way decides.
 template <typename T>
-const T* RegexImp<T>::walkLinear(const T* p) const {
-    for (const RegexStateNode* n = program_.nodes.data(); n->kind != RegexNodeKind::success; ++n) {
-        if (n->kind == RegexNodeKind::text) {
-            if (!program_.matchesText(*n, p, end_)) {
-                return nullptr;
-            }
-            p += n->operandLength;
-            continue;
-        }
-        const bool isBounded = static_cast<std::size_t>(end_ - p) > n->max;
-        const T* const end = program_.runEnd(*n, p, isBounded ? p + n->max : end_);
-        if (static_cast<std::size_t>(end - p) < n->min) {
-            return nullptr;
-        }
-        p = end;
+bool RegexImp<T>::attemptStraight(const T* p, bool& found, RegexResult<T>& result) const {
+    RegexStraightWalk<T> way(program_, base_, end_);
+    const T* const end = way.walk(p, result);
+    if (end == nullptr) {
+        return program_.isLinear && !way.isGivenUp();
     }
-    return p;
+    if (program_.isEndAnchored && end != end_) {
+        result.reset(program_.subCount + 1);
+        return true;
+    }
+    found = true;
+    result.set(0, static_cast<unsigned>(p - base_), static_cast<unsigned>(end - p));
+    return true;
 }
 
 template <typename T>

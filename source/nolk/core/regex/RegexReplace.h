@@ -3,6 +3,7 @@
 
 #include <nolk/core/RegexMatchIterator.h>
 
+#include <algorithm>
 #include <cstddef>
 
 namespace nolk {
@@ -29,12 +30,13 @@ unsigned replaceMatches(const Unit* s, std::size_t size, const Text& with, unsig
         const unsigned groupLength = match->getLength(matchIndex);
         copy(copied, matchStart);
         if (groupStart != Iterator::npos) {
-            copy(matchStart, groupStart);
+            // What a way that failed has left in a group may lie outside the match.
+            copy(matchStart, std::min(groupStart, matchEnd));
             if (groupLength != 0 || replaceEmptyMatches) {
                 out.append(with);
                 ++done;
             }
-            copy(groupStart + groupLength, matchEnd);
+            copy(std::max(groupStart + groupLength, matchStart), matchEnd);
         }
         copied = matchEnd;
     }

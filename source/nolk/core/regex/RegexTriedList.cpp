@@ -19,7 +19,7 @@ std::uint64_t address(const void* p) {
 
 template <typename T>
 void RegexTriedList<T>::clear() noexcept {
-    if (entries_.empty() || looks_ > forgettingLooks) {
+    if (entries_.empty()) {
         return;
     }
     entries_.clear();
@@ -33,14 +33,12 @@ template <typename T>
 std::uint32_t RegexTriedList<T>::hash(const Entry& entry, const Progress* progress) const noexcept {
     std::uint64_t hash = mixed(address(entry.position), entry.resume);
     hash = mixed(hash, entry.alternative);
-    if (isClose()) {
-        hash = mixed(hash, entry.node);
-        for (std::uint32_t i = 0; i < entry.depth; ++i) {
-            hash = mixed(hash, progress[i].count);
-            hash = mixed(hash, address(progress[i].lastPosition));
-            hash = mixed(hash, address(progress[i].captureStart));
-            hash = mixed(hash, address(progress[i].groupEnd));
-        }
+    hash = mixed(hash, entry.node);
+    for (std::uint32_t i = 0; i < entry.depth; ++i) {
+        hash = mixed(hash, progress[i].count);
+        hash = mixed(hash, address(progress[i].lastPosition));
+        hash = mixed(hash, address(progress[i].captureStart));
+        hash = mixed(hash, address(progress[i].groupEnd));
     }
     return static_cast<std::uint32_t>(hash ^ hash >> 32);
 }
@@ -48,13 +46,10 @@ std::uint32_t RegexTriedList<T>::hash(const Entry& entry, const Progress* progre
 template <typename T>
 bool RegexTriedList<T>::isSame(const Entry& known, const Entry& entry,
                                const Progress* progress) const noexcept {
-    if (known.position != entry.position || known.resume != entry.resume ||
-        known.alternative != entry.alternative || known.kind != entry.kind) {
-        return false;
-    }
-    return !isClose() ||
-           (known.node == entry.node &&
-            std::equal(progress, progress + entry.depth, progress_.data() + known.snapshot));
+    return known.position == entry.position && known.resume == entry.resume &&
+           known.alternative == entry.alternative && known.kind == entry.kind &&
+           known.node == entry.node &&
+           std::equal(progress, progress + entry.depth, progress_.data() + known.snapshot);
 }
 
 template <typename T>
@@ -70,8 +65,9 @@ typename RegexTriedList<T>::Slot& RegexTriedList<T>::freeSlot(std::uint32_t hash
 template <typename T>
 bool RegexTriedList<T>::enter(const RegexDecision<T>& decision, const Progress* progress,
                               std::uint32_t depth) {
-    if (looks_ <= forgettingLooks && ++looks_ == closeLooks + 1) {
-        rebuild();
+    looks_ += looks_ != ~std::uint32_t{0};
+    if (entries_.size() == mostEntries) {
+        clear();
     }
     if (entries_.size() * 2 >= slots_.size()) {
         grow();
@@ -93,7 +89,7 @@ bool RegexTriedList<T>::enter(const RegexDecision<T>& decision, const Progress* 
 
 template <typename T>
 void RegexTriedList<T>::add(Entry entry, const Progress* progress) {
-    if (isClose() && entry.depth != 0) {
+    if (entry.depth != 0) {
         std::copy(progress, progress + entry.depth, progress_.extend(entry.depth));
     }
     entries_.push(entry);
@@ -104,19 +100,6 @@ template <typename T>
 void RegexTriedList<T>::grow() {
     const std::uint32_t size = std::max(firstSlots, slots_.size() * 2);
     slots_.fill(size, {0, 0});
-    generation_ = 1;
-    for (std::uint32_t i = 0; i < entries_.size(); ++i) {
-        freeSlot(entries_[i].hash) = {generation_, i};
-    }
-}
-
-// Hashes that leave progress out, once it doesn't count any more.
-template <typename T>
-void RegexTriedList<T>::rebuild() {
-    for (Entry& entry : entries_) {
-        entry.hash = hash(entry, nullptr);
-    }
-    slots_.fill(slots_.size(), {0, 0});
     generation_ = 1;
     for (std::uint32_t i = 0; i < entries_.size(); ++i) {
         freeSlot(entries_[i].hash) = {generation_, i};

@@ -1,32 +1,12 @@
 #include "nolk/core/strings/ByteSearch.h"
 
-#ifdef __SSE2__
+#ifdef NOLK_CORE_X86_VECTORS
 #include <immintrin.h>
 #endif
 
 namespace nolk {
 
 namespace {
-
-template <typename Word>
-bool equalInWords(const char* a, const char* b, std::size_t n) noexcept {
-    const std::size_t last = n - sizeof(Word);
-    return wordAt<Word>(a) == wordAt<Word>(b) && wordAt<Word>(a + last) == wordAt<Word>(b + last);
-}
-
-constexpr std::size_t shortPattern = 16;
-
-// Whether the pattern stands at a place where its first byte does.
-bool isShortAt(const char* text, const char* pattern, std::size_t patternLength) noexcept {
-    if (patternLength >= 8) {
-        return equalInWords<std::uint64_t>(text, pattern, patternLength);
-    }
-    if (patternLength >= 4) {
-        return equalInWords<std::uint32_t>(text, pattern, patternLength);
-    }
-    return patternLength < 2 ||
-           (text[1] == pattern[1] && text[patternLength - 1] == pattern[patternLength - 1]);
-}
 
 bool isAt(const char* text, const char* pattern, std::size_t patternLength) noexcept {
     return patternLength <= shortPattern ? isShortAt(text, pattern, patternLength)
@@ -49,17 +29,7 @@ std::size_t findFromFirstByte(const char* text, std::size_t offsets, const char*
     return at == nullptr ? noBytes : static_cast<std::size_t>(at - text);
 }
 
-#ifdef __SSE2__
-
-constexpr std::size_t blockSize = 16;
-
-__m128i load(const char* from) noexcept {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-}
-
-unsigned maskOf(__m128i matches) noexcept {
-    return static_cast<unsigned>(_mm_movemask_epi8(matches));
-}
+#ifdef NOLK_CORE_X86_VECTORS
 
 // The offsets, of sixteen, at which both the first and the last byte of a pattern stand in their
 // places; only there the rest needs to be compared.
@@ -80,19 +50,6 @@ private:
     __m128i firstByte_;
     __m128i lastByte_;
 };
-
-// Among sixteen offsets at most, and with a short pattern. The whole block is read.
-std::size_t findInBlock(const char* text, std::size_t offsets, const char* pattern,
-                        std::size_t patternLength) noexcept {
-    unsigned candidates = maskOf(_mm_cmpeq_epi8(load(text), _mm_set1_epi8(*pattern)));
-    for (candidates &= (1u << offsets) - 1; candidates != 0; candidates &= candidates - 1) {
-        const auto i = static_cast<std::size_t>(std::countr_zero(candidates));
-        if (isShortAt(text + i, pattern, patternLength)) {
-            return i;
-        }
-    }
-    return noBytes;
-}
 
 // Among sixteen offsets at least. The last block begins among offsets that have been tried, so as
 // to end at the last one.
@@ -117,66 +74,104 @@ std::size_t findInBlocks(const char* text, std::size_t offsets, const char* patt
                              _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b)));
 }
 
-[[gnu::target("avx2")]] std::uint32_t differentAvx2(__m256i equal) noexcept {
-    return ~static_cast<std::uint32_t>(_mm256_movemask_epi8(equal));
+[[gnu::target("avx2")]] std::uint32_t maskOf(__m256i matches) noexcept {
+    return static_cast<std::uint32_t>(_mm256_movemask_epi8(matches));
+}
+
+[[gnu::target("avx2")]] std::uint64_t maskOf(__m256i low, __m256i high) noexcept {
+    return std::uint64_t{maskOf(high)} << 32 | maskOf(low);
+}
+
+constexpr std::size_t wideSize = sizeof(__m256i);
+constexpr std::size_t wideBlock = 4 * wideSize;
+constexpr std::uint32_t allOf32 = ~std::uint32_t{0};
+
+// The first byte that differs in a block. Inline, as a call would take longer.
+[[gnu::target("avx2"), gnu::always_inline]] inline std::size_t findDifference(
+    const char* a, const char* b) noexcept {
+    const __m256i equal0 = equalAvx2(a, b);
+    const __m256i equal1 = equalAvx2(a + wideSize, b + wideSize);
+    const __m256i equal2 = equalAvx2(a + 2 * wideSize, b + 2 * wideSize);
+    const __m256i equal3 = equalAvx2(a + 3 * wideSize, b + 3 * wideSize);
+    const __m256i equal =
+        _mm256_and_si256(_mm256_and_si256(equal0, equal1), _mm256_and_si256(equal2, equal3));
+    if (maskOf(equal) == allOf32) [[likely]] {
+        return noBytes;
+    }
+    const std::uint64_t low = maskOf(equal0, equal1);
+    return static_cast<std::size_t>(low != ~std::uint64_t{0}
+                                        ? std::countr_one(low)
+                                        : 64 + std::countr_one(maskOf(equal2, equal3)));
+}
+
+// The same for half a block and for a quarter.
+[[gnu::target("avx2"), gnu::always_inline]] inline std::size_t findDifferenceInHalf(
+    const char* a, const char* b) noexcept {
+    const __m256i equal0 = equalAvx2(a, b);
+    const __m256i equal1 = equalAvx2(a + wideSize, b + wideSize);
+    return maskOf(_mm256_and_si256(equal0, equal1)) == allOf32
+               ? noBytes
+               : static_cast<std::size_t>(std::countr_one(maskOf(equal0, equal1)));
+}
+
+[[gnu::target("avx2"), gnu::always_inline]] inline std::size_t findDifferenceInQuarter(
+    const char* a, const char* b) noexcept {
+    const std::uint32_t equal = maskOf(equalAvx2(a, b));
+    return equal == allOf32 ? noBytes : static_cast<std::size_t>(std::countr_one(equal));
 }
 
 #endif
 
 }  // namespace
 
-#ifdef __SSE2__
+#ifdef NOLK_CORE_X86_VECTORS
 
-// Apart from findBytes(), which then needs no registers saved.
-[[gnu::noinline]] static std::size_t findInLong(const char* text, std::size_t start,
-                                                std::size_t offsets, const char* pattern,
-                                                std::size_t patternLength) noexcept {
+std::size_t findInLong(const char* text, std::size_t start, std::size_t offsets,
+                       const char* pattern, std::size_t patternLength) noexcept {
     const std::size_t found =
         offsets >= blockSize ? findInBlocks(text + start, offsets, pattern, patternLength)
                              : findFromFirstByte(text + start, offsets, pattern, patternLength);
     return found == noBytes ? noBytes : start + found;
 }
 
-std::size_t findBytes(const char* text, std::size_t start, std::size_t textLength,
-                      std::size_t readable, const char* pattern,
-                      std::size_t patternLength) noexcept {
-    const std::size_t offsets = textLength - start - patternLength + 1;
-    if (offsets > blockSize || patternLength > shortPattern || start + blockSize > readable) {
-        return findInLong(text, start, offsets, pattern, patternLength);
-    }
-    const std::size_t found = findInBlock(text + start, offsets, pattern, patternLength);
-    return found == noBytes ? noBytes : start + found;
-}
-
-const bool hasAvx2 = [] {
-    __builtin_cpu_init();
-    return __builtin_cpu_supports("avx2") != 0;
-}();
-
-// Two blocks at a time. Like the words of a short text, the last block may
-// overlap the one before.
+// Up to two blocks are compared from both ends: like the words of a short text, the last block,
+// half or quarter may overlap the first. Jumps would take more time here than what they save.
 [[gnu::target("avx2")]] int compareWithAvx2(const char* a, std::size_t an, const char* b,
                                             std::size_t bn, std::size_t n) noexcept {
-    constexpr std::size_t size = 32;
-    std::size_t i = 0;
-    for (; i + 2 * size <= n; i += 2 * size) {
-        const __m256i head = equalAvx2(a + i, b + i);
-        const __m256i tail = equalAvx2(a + i + size, b + i + size);
-        if (differentAvx2(_mm256_and_si256(head, tail)) != 0) [[unlikely]] {
-            const std::uint64_t tails = differentAvx2(tail);
-            i += static_cast<std::size_t>(std::countr_zero(tails << 32 | differentAvx2(head)));
-            return orderOfBytes(a[i], b[i]);
+    std::size_t at = 0;
+    if (n >= wideBlock) [[likely]] {
+        for (; n > 2 * wideBlock; n -= wideBlock) {
+            at = findDifference(a, b);
+            if (at != noBytes) [[unlikely]] {
+                return orderOfBytes(a[at], b[at]);
+            }
+            a += wideBlock;
+            b += wideBlock;
         }
-    }
-    for (; i < n; i += size) {
-        i = i + size <= n ? i : n - size;
-        const std::uint32_t different = differentAvx2(equalAvx2(a + i, b + i));
-        if (different != 0) {
-            i += static_cast<std::size_t>(std::countr_zero(different));
-            return orderOfBytes(a[i], b[i]);
+        at = findDifference(a, b);
+        if (at == noBytes) [[likely]] {
+            a = a + n - wideBlock;
+            b = b + n - wideBlock;
+            at = findDifference(a, b);
         }
+    } else if (n >= wideBlock / 2) {
+        at = findDifferenceInHalf(a, b);
+        if (at == noBytes) {
+            a = a + n - wideBlock / 2;
+            b = b + n - wideBlock / 2;
+            at = findDifferenceInHalf(a, b);
+        }
+    } else if (n >= wideSize) {
+        at = findDifferenceInQuarter(a, b);
+        if (at == noBytes) {
+            a = a + n - wideSize;
+            b = b + n - wideSize;
+            at = findDifferenceInQuarter(a, b);
+        }
+    } else {
+        return compareInBlocks(a, an, b, bn, n);
     }
-    return orderOfLengths(an, bn);
+    return at == noBytes ? orderOfLengths(an, bn) : orderOfBytes(a[at], b[at]);
 }
 
 int compareInBlocks(const char* a, std::size_t an, const char* b, std::size_t bn,
@@ -194,10 +189,9 @@ int compareInBlocks(const char* a, std::size_t an, const char* b, std::size_t bn
 
 #else
 
-std::size_t findBytes(const char* text, std::size_t start, std::size_t textLength, std::size_t,
-                      const char* pattern, std::size_t patternLength) noexcept {
-    const std::size_t found = findFromFirstByte(
-        text + start, textLength - start - patternLength + 1, pattern, patternLength);
+std::size_t findInLong(const char* text, std::size_t start, std::size_t offsets,
+                       const char* pattern, std::size_t patternLength) noexcept {
+    const std::size_t found = findFromFirstByte(text + start, offsets, pattern, patternLength);
     return found == noBytes ? noBytes : start + found;
 }
 
@@ -210,6 +204,23 @@ int compareInBlocks(const char* a, std::size_t an, const char* b, std::size_t bn
     }
     return compareInWords<std::uint64_t>(a + i, an, b + i, bn, n - i < 2 * size ? n - i : 2 * size);
 }
+
+#endif
+
+constinit Compare* compareMany = compareInBlocks;
+
+#ifdef NOLK_CORE_X86_VECTORS
+
+namespace {
+
+[[maybe_unused]] const bool isChosen = [] {
+    if (processor::hasAvx2()) {
+        compareMany = compareWithAvx2;
+    }
+    return true;
+}();
+
+}  // namespace
 
 #endif
 

@@ -6,7 +6,9 @@
 #include <cstdint>
 #include <cstring>
 
-#ifdef __SSE2__
+#include "nolk/core/foundation/Processor.h"
+
+#ifdef NOLK_CORE_X86_VECTORS
 #include <emmintrin.h>
 #endif
 
@@ -14,16 +16,6 @@ namespace nolk {
 
 /** What findBytes() gives for no match. */
 constexpr std::size_t noBytes = static_cast<std::size_t>(-1);
-
-/**
- * Where the pattern begins first in the text, at or behind `start`, byte by byte. Best where its
- * first byte isn't rare: else memchr gets there faster.
- * @param readable the bytes from `text` on that may be read, whatever they hold
- * @pre 1 <= patternLength, start + patternLength <= textLength <= readable
- */
-std::size_t findBytes(const char* text, std::size_t start, std::size_t textLength,
-                      std::size_t readable, const char* pattern,
-                      std::size_t patternLength) noexcept;
 
 /** A number of 4 or 8 bytes as they stand in memory. */
 template <typename Word>
@@ -39,6 +31,78 @@ std::size_t firstByteSet(Word word) noexcept {
     const int bits = std::endian::native == std::endian::little ? std::countr_zero(word)
                                                                 : std::countl_zero(word);
     return static_cast<std::size_t>(bits) / 8;
+}
+
+template <typename Word>
+bool equalInWords(const char* a, const char* b, std::size_t n) noexcept {
+    const std::size_t last = n - sizeof(Word);
+    return wordAt<Word>(a) == wordAt<Word>(b) && wordAt<Word>(a + last) == wordAt<Word>(b + last);
+}
+
+constexpr std::size_t shortPattern = 16;
+
+/** Whether a short pattern stands at a place where its first byte does. */
+inline bool isShortAt(const char* text, const char* pattern, std::size_t patternLength) noexcept {
+    if (patternLength >= 8) {
+        return equalInWords<std::uint64_t>(text, pattern, patternLength);
+    }
+    if (patternLength >= 4) {
+        return equalInWords<std::uint32_t>(text, pattern, patternLength);
+    }
+    return patternLength < 2 ||
+           (text[1] == pattern[1] && text[patternLength - 1] == pattern[patternLength - 1]);
+}
+
+/** findBytes() for any number of offsets from `start` on. */
+std::size_t findInLong(const char* text, std::size_t start, std::size_t offsets,
+                       const char* pattern, std::size_t patternLength) noexcept;
+
+#ifdef NOLK_CORE_X86_VECTORS
+
+constexpr std::size_t blockSize = 16;
+
+inline __m128i load(const char* from) noexcept {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+}
+
+inline unsigned maskOf(__m128i matches) noexcept {
+    return static_cast<unsigned>(_mm_movemask_epi8(matches));
+}
+
+/** The same as an offset from `text`, among sixteen at most, and with a short pattern. The whole
+ * block is read. */
+inline std::size_t findInBlock(const char* text, std::size_t offsets, const char* pattern,
+                               std::size_t patternLength) noexcept {
+    unsigned candidates = maskOf(_mm_cmpeq_epi8(load(text), _mm_set1_epi8(*pattern)));
+    for (candidates &= (1u << offsets) - 1; candidates != 0; candidates &= candidates - 1) {
+        const auto i = static_cast<std::size_t>(std::countr_zero(candidates));
+        if (isShortAt(text + i, pattern, patternLength)) {
+            return i;
+        }
+    }
+    return noBytes;
+}
+
+#endif
+
+/**
+ * Where the pattern begins first in the text, at or behind `start`, byte by byte. Best where its
+ * first byte isn't rare: else memchr gets there faster.
+ * @param readable the bytes from `text` on that may be read, whatever they hold
+ * @pre 1 <= patternLength, start + patternLength <= textLength <= readable
+ */
+inline std::size_t findBytes(const char* text, std::size_t start, std::size_t textLength,
+                             [[maybe_unused]] std::size_t readable, const char* pattern,
+                             std::size_t patternLength) noexcept {
+    const std::size_t offsets = textLength - start - patternLength + 1;
+#ifdef NOLK_CORE_X86_VECTORS
+    if (offsets <= blockSize && patternLength <= shortPattern && start + blockSize <= readable)
+        [[likely]] {
+        const std::size_t found = findInBlock(text + start, offsets, pattern, patternLength);
+        return found == noBytes ? noBytes : start + found;
+    }
+#endif
+    return findInLong(text, start, offsets, pattern, patternLength);
 }
 
 /** -1 or 1 for two bytes that differ, as signed numbers. */
@@ -70,29 +134,24 @@ int compareInWords(const char* a, std::size_t an, const char* b, std::size_t bn,
 }
 
 /** compareBytes() where the shorter text has n bytes, 16 or more. */
-int compareInBlocks(const char* a, std::size_t an, const char* b, std::size_t bn,
+using Compare = int(const char* a, std::size_t an, const char* b, std::size_t bn,
                     std::size_t n) noexcept;
+Compare compareInBlocks;
 
-#ifdef __SSE2__
-/** Whether this processor has AVX2. Not known in static initialisers of other libraries, and then
- * false: that is slower, not wrong. */
-extern const bool hasAvx2;
-
-/** The same for 32 bytes or more. @pre hasAvx2 */
-int compareWithAvx2(const char* a, std::size_t an, const char* b, std::size_t bn,
-                    std::size_t n) noexcept;
+#ifdef NOLK_CORE_X86_VECTORS
+/** The same. @pre processor::hasAvx2() */
+Compare compareWithAvx2;
 #endif
+
+/** The faster of them that the processor has. In static initialisers of other libraries it may not
+ * have been chosen yet, and is the first: that is slower, not wrong. */
+extern Compare* compareMany;
 
 /** -1, 0 or 1: the order of the first bytes that differ, as signed numbers, or of the lengths. */
 inline int compareBytes(const char* a, std::size_t an, const char* b, std::size_t bn) noexcept {
     const std::size_t n = an < bn ? an : bn;
     if (n >= 16) {
-#ifdef __SSE2__
-        if (n >= 32 && hasAvx2) {
-            return compareWithAvx2(a, an, b, bn, n);
-        }
-#endif
-        return compareInBlocks(a, an, b, bn, n);
+        return compareMany(a, an, b, bn, n);
     }
     if (n >= 8) [[likely]] {
         return compareInWords<std::uint64_t>(a, an, b, bn, n);
@@ -111,17 +170,18 @@ inline int compareBytes(const char* a, std::size_t an, const char* b, std::size_
 /** The same where 16 bytes of each may be read, whatever they hold. */
 inline int compareRoomyBytes(const char* a, std::size_t an, const char* b,
                              std::size_t bn) noexcept {
-#ifdef __SSE2__
     const std::size_t n = an < bn ? an : bn;
-    if (n <= 16) {
-        const __m128i equal = _mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(a)),
-                                             _mm_loadu_si128(reinterpret_cast<const __m128i*>(b)));
-        const auto different = ~static_cast<unsigned>(_mm_movemask_epi8(equal)) & ((1u << n) - 1);
-        const int i = std::countr_zero(different);
-        return different == 0 ? orderOfLengths(an, bn) : orderOfBytes(a[i], b[i]);
+    if (n > 16) [[likely]] {
+        return compareMany(a, an, b, bn, n);
     }
-#endif
+#ifdef NOLK_CORE_X86_VECTORS
+    const unsigned equal = maskOf(_mm_cmpeq_epi8(load(a), load(b)));
+    const unsigned different = ~equal & ((1u << n) - 1);
+    const int i = std::countr_zero(different);
+    return different == 0 ? orderOfLengths(an, bn) : orderOfBytes(a[i], b[i]);
+#else
     return compareBytes(a, an, b, bn);
+#endif
 }
 
 /** Whether none of the n bytes has its top bit set. */

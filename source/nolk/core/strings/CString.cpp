@@ -314,6 +314,21 @@ const CSubString CString::stripWhitespace(stripType ends) const {
 
 // --- Changing ---
 
+// What replace() does to most texts that are appended, without its other cases.
+CString& CString::appendInNewBuffer(const char* text, unsigned n) {
+    const unsigned old = length();
+    const unsigned now = checkedLength(std::uint64_t{old} + n);
+    const unsigned room = grownCapacity(now);
+    if (text == nullptr || n == 0 || room < inlineCapacity) {
+        return replace(old, 0, text, n);
+    }
+    char* const fresh = CStringRef::getRep(room, now)->data();
+    copyBytes(fresh, data_, old);
+    std::memcpy(fresh + old, text, n);
+    useHeap(fresh);
+    return *this;
+}
+
 CString& CString::append(char c, unsigned n) {
     const unsigned old = length();
     const unsigned now = checkedLength(std::uint64_t{old} + n);
@@ -380,9 +395,9 @@ bool CString::canReplaceInPlace(unsigned n, const char* text, unsigned textLengt
     if (isShared() || capacity() < now || pointsInside(text, textLength)) {
         return false;
     }
-    // A buffer that is kept in spite of waste is one that would be made anew just as large.
     const bool wastes = now < length() && capacity() - now > maxWasteSetting;
-    return !wastes || isInline() || length() == capacity();
+    // The new buffer of a text below 64 bytes in the object would be the one that it has.
+    return !wastes || (isInline() && length() < inlineCapacity);
 }
 
 // The terminator is part of the text for who reads it.

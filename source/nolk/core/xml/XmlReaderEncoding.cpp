@@ -76,26 +76,39 @@ bool declaresDetected(std::string_view declared, std::string_view detected) {
            (declared == "UTF-32" && isUtf32Name(detected));
 }
 
+// Whether a converted text, behind a mark of its own, begins with what was read of the document.
+bool beginsAsRead(std::string_view converted, std::string_view read) {
+    if (converted.starts_with("\xEF\xBB\xBF")) {
+        converted.remove_prefix(3);
+    }
+    return converted.starts_with(read);
+}
+
 }  // namespace
 
 void XmlReaderImp::transcodeDocument(const XmlReaderString& encoding) {
+    if (const auto converted = convertDocument(encoding)) {
+        replaceOriginalBuffer(*converted);
+    }
+}
+
+std::optional<std::string> XmlReaderImp::convertDocument(const XmlReaderString& encoding) {
     if (encoding.view() == "UTF-8") {
         encoding_ = encoding;
-        return;
+        return std::nullopt;
     }
     const std::string name = encoding.asString();  // the view may lie in a buffer that goes away
     const std::string upperCase = upperCased(name);
     encoding_ = encoding;
     if (upperCase == "UTF-8" || upperCase == "US-ASCII") {
-        return;
+        return std::nullopt;
     }
     const char* from = isConverted() ? aside_->savedBegin : begin_;
     const char* to = isConverted() ? aside_->savedLast : last_;
     if (upperCase == "ISO-8859-1" && !isConverted() && isPlainAscii()) {
-        return;  // the same bytes would come out
+        return std::nullopt;  // the same bytes would come out
     }
-    replaceOriginalBuffer(
-        convertBytes(name, upperCase, {from, static_cast<std::size_t>(to + 1 - from)}));
+    return convertBytes(name, upperCase, {from, static_cast<std::size_t>(to + 1 - from)});
 }
 
 std::string XmlReaderImp::convertBytes(const std::string& encoding, const std::string& upperCase,
@@ -182,15 +195,16 @@ void XmlReaderImp::applyDeclaredEncoding(XmlReaderString declared) {
     }
     if (!(declared == encoding_)) {
         const std::string name = declared.asString();
-        const Buffer before = buffer_;  // kept for the comparison
-        const char* const read = contentStart_;
-        const auto length = static_cast<std::size_t>(cursor_ - contentStart_);
-        transcodeDocument(declared);
-        const auto available = static_cast<std::size_t>(last_ + 1 - contentStart_);
-        if (buffer_ != before &&
-            (available < length || std::memcmp(contentStart_, read, length) != 0)) {
-            revertToOriginal();
-            err(here(), message(NOLK_CORE_XML_TRANSCODE_FROM_DECL_FAILED, name));
+        const std::string_view read(contentStart_,
+                                    static_cast<std::size_t>(cursor_ - contentStart_));
+        // Compared before it is taken: a text shorter than what was read has no place for the
+        // cursor and the views, and going back from it couldn't find them again.
+        if (const auto converted = convertDocument(declared)) {
+            if (!beginsAsRead(*converted, read)) {
+                revertToOriginal();
+                err(here(), message(NOLK_CORE_XML_TRANSCODE_FROM_DECL_FAILED, name));
+            }
+            replaceOriginalBuffer(*converted);
         }
     }
     if (aside_) {

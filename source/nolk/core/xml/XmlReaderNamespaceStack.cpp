@@ -36,7 +36,8 @@ void XmlReaderNamespaceStack::lendRoom(XmlReaderNamespaceList& scope) {
     lent_ += size;
 }
 
-void XmlReaderNamespaceStack::addWithoutRoom(const XmlReaderNamespace& binding) {
+// The innermost scope, in which there may be room now.
+XmlReaderNamespaceList& XmlReaderNamespaceStack::makeRoom() {
     if (depth_ == 0) {
         pushScope();  // an unmatched end tag can have closed the last one
     }
@@ -44,7 +45,7 @@ void XmlReaderNamespaceStack::addWithoutRoom(const XmlReaderNamespace& binding) 
     if (innermost.capacity() == 0 && depth_ <= firstScopes) {
         lendRoom(innermost);
     }
-    innermost.append(binding);
+    return innermost;
 }
 
 XmlReaderString XmlReaderNamespaceStack::getURIForPrefix(const XmlReaderString& prefix) const {

@@ -34,8 +34,6 @@ enum ByteClass : std::uint8_t {
     NamePart = 4,
     Colon = 8,
     High = 16,  // part of a character outside ASCII
-    TextStop = 32,
-    ValueStop = 64,  // of a value in either kind of quotes
 };
 
 constexpr std::array<std::uint8_t, 256> byteClasses = [] {
@@ -49,8 +47,6 @@ constexpr std::array<std::uint8_t, 256> byteClasses = [] {
     set("-.0123456789", NamePart);
     set(":", Colon);
     set(" \t\n\r", Space);
-    set("<&\r", TextStop);
-    set("\"'<&", ValueStop);
     for (std::size_t c = 0x80; c < table.size(); ++c) {
         table[c] = High;
     }
@@ -71,18 +67,6 @@ char* skipNameBytes(char* p) {
         }
         p += 8;
     }
-}
-
-/** Skips up to eight bytes that aren't in the class. */
-template <unsigned stops>
-char* skipFew(char* p) {
-#pragma GCC unroll 8
-    for (int i = 0; i < 8; ++i) {
-        if ((byteClass(p[i]) & stops) != 0) {
-            return p + i;
-        }
-    }
-    return p + 8;
 }
 
 std::uint64_t load64(const char* p) {
@@ -188,11 +172,12 @@ void XmlReaderImp::readContent(bool expandReferences, bool keepComments) {
 
 // Short text with nothing special up to a tag.
 inline void XmlReaderImp::readPlainText(char* start) {
-    char* const stop = skipFew<TextStop>(start);
-    if (*stop != '<') [[unlikely]] {
-        return readLongText(start, stop);
+    using xmlscan::ContentStops;
+    const auto stops = BaseBlock::mask(ContentStops::match(BaseBlock::load(start)));
+    if (stops == 0) [[unlikely]] {
+        return readLongText(start, start + BaseBlock::size);
     }
-    finishText(start, stop);
+    finishText(start, start + BaseBlock::first(stops));
 }
 
 [[gnu::noinline]] void XmlReaderImp::readLongText(char* start, char* from) {
@@ -322,10 +307,14 @@ inline XmlReaderString XmlReaderImp::resolvePrefix(const char* prefix, std::uint
 
 namespace {
 
-bool binds(const XmlReaderNamespaceList& scope, const XmlReaderString& prefix) {
-    return std::any_of(scope.begin(), scope.end(), [&prefix](const XmlReaderNamespace& binding) {
-        return binding.prefix == prefix;
-    });
+// A plain loop: nearly always there is nothing to go through.
+bool binds(const XmlReaderNamespaceList& scope, XmlReaderString prefix) {
+    for (const XmlReaderNamespace& binding : scope) {
+        if (binding.prefix == prefix) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
@@ -509,21 +498,19 @@ inline char* XmlReaderImp::scanPlainAttribute(char* p) {
         return nullptr;
     }
     char* const value = equals + 2;
-    char* stop = skipFew<ValueStop>(value);
-    if (*stop != quote) {
-        if (quote == '"') [[likely]] {
-            stop = scan<ValueStops<'"'>>(stop, last_);
-        } else {
-            stop = scan<ValueStops<'\''>>(stop, last_);
-        }
-        if (*stop != quote) [[unlikely]] {
-            return nullptr;
-        }
+    char* stop;
+    if (quote == '"') [[likely]] {
+        stop = scan<ValueStops<'"'>>(value, last_);
+    } else {
+        stop = scan<ValueStops<'\''>>(value, last_);
     }
-    const XmlReaderAttribute& attribute =
-        addAttribute(name, {value, static_cast<std::uint32_t>(stop - value)});
+    if (*stop != quote) [[unlikely]] {
+        return nullptr;
+    }
+    const XmlReaderString view = {value, static_cast<std::uint32_t>(stop - value)};
+    addAttribute(name, view);
     if (std::memcmp(name.data, "xmln", 4) == 0) {
-        noteDeclaration(attribute);
+        noteDeclaration(name, view);
     } else {
         prefixedInTag_ |= name.prefixLength != 0;
     }
@@ -595,7 +582,7 @@ inline void XmlReaderImp::finishStartTag(const ScannedName& name) {
     }
     lastName_ = std::construct_at(&openNames_[element].name, resolveName(name));
     // A name that starts with its colon is left to the careful comparison.
-    const unsigned plain = name.prefixLength != 0 || name.localOffset == 0 ? 1 : 0;
+    const unsigned plain = name.localOffset != 1 ? 1 : 0;
     rememberedNames_ |= static_cast<std::uint8_t>(plain << element);
 }
 
@@ -626,12 +613,16 @@ inline char* XmlReaderImp::scanAttribute(char* p, bool expand) {
         char* const value = p + 2;
         char* const stop = scanValue(value, last_, p[1], true);
         if (*stop == p[1] && stop <= last_) {
-            noteDeclaration(addAttribute(name, {value, static_cast<std::uint32_t>(stop - value)}));
+            const XmlReaderString view = {value, static_cast<std::uint32_t>(stop - value)};
+            addAttribute(name, view);
+            noteDeclaration(name, view);
             return stop + 1;
         }
     }
     cursor_ = p <= last_ ? p : last_ + 1;
-    noteDeclaration(addAttribute(name, readAttributeValue(expand)));
+    const XmlReaderString value = readAttributeValue(expand);
+    addAttribute(name, value);
+    noteDeclaration(name, value);
     return cursor_;
 }
 
@@ -671,8 +662,7 @@ XmlReaderString XmlReaderImp::readQuoted(char quote, bool expand) {
 }
 
 // A prefix means what it means now, unless its declaration follows in the same tag.
-inline const XmlReaderAttribute& XmlReaderImp::addAttribute(const ScannedName& name,
-                                                            const XmlReaderString& value) {
+inline void XmlReaderImp::addAttribute(const ScannedName& name, const XmlReaderString& value) {
     XmlReaderAttribute& attribute = lastAttributes_.appendSlot();
     attribute.name.localName = name.localName();
     attribute.name.prefix = name.prefix();
@@ -681,46 +671,55 @@ inline const XmlReaderAttribute& XmlReaderImp::addAttribute(const ScannedName& n
     if (name.prefixLength != 0) {
         attribute.name.uri = resolvePrefix(name.data, name.prefixLength);
     }
-    return attribute;
 }
 
-void XmlReaderImp::noteDeclaration(const XmlReaderAttribute& attribute) {
-    const XmlReaderName& name = attribute.name;
-    if (isXmlns(name.prefix)) {
-        declareNamespace({name.localName, attribute.value});
-        prefixedInTag_ |= isXmlns(name.localName);  // what declarations themselves mean
-    } else if (name.prefix.length != 0) {
+// Views go by value here and in what it calls: in registers, since memory that was just written in
+// parts would have to be awaited before it is read as a whole.
+void XmlReaderImp::noteDeclaration(const ScannedName& name, XmlReaderString value) {
+    const XmlReaderString localName = name.localName();
+    if (isXmlns(name.prefix())) {
+        declareNamespace(localName, value);
+        prefixedInTag_ |= isXmlns(localName);  // what declarations themselves mean
+    } else if (name.prefixLength != 0) {
         prefixedInTag_ = true;
-    } else if (isXmlns(name.localName)) {
-        declareNamespace({{}, attribute.value});
+    } else if (isXmlns(localName)) {
+        declareNamespace({}, value);
     }
 }
 
 // In a tag, whose scope is open. Of two declarations of a prefix there the first one stands.
-void XmlReaderImp::declareNamespace(const XmlReaderNamespace& binding) {
+void XmlReaderImp::declareNamespace(XmlReaderString prefix, XmlReaderString uri) {
+    declaredInTag_ = true;
+    const XmlReaderNamespaceList& scope = namespaceStack_.scope(namespaceStack_.depth() - 1);
+    if (scope.length() > PrefixIndex::fewBindings || (aside_ && aside_->prefixIndex)) [[unlikely]] {
+        return declareOneOfMany({prefix, uri});
+    }
+    if (prefix.length > 8 || binds(scope, prefix)) {
+        return namespaceStack_.addNamespace({prefix, uri});
+    }
+    const std::uint64_t bytes =
+        prefix.length == 0 ? 0 : firstBytes(load64(prefix.data), prefix.length);
+    PrefixMemo& memo = memoOf(bytes);
+    memo.length = PrefixMemo::unknown;  // if memory runs out
+    namespaceStack_.addNamespace({prefix, uri});
+    memo.bytes = bytes;
+    memo.uri = uri.data;
+    memo.uriLength = uri.length;
+    memo.length = prefix.length;
+}
+
+// In a tag of very many it isn't worth a search whether this one is the first.
+[[gnu::noinline]] void XmlReaderImp::declareOneOfMany(const XmlReaderNamespace& binding) {
     const XmlReaderString& prefix = binding.prefix;
-    const std::uint32_t inner = namespaceStack_.depth() - 1;
-    const XmlReaderNamespaceList& scope = namespaceStack_.scope(inner);
-    // In a tag of very many it isn't worth a search whether this one is the first.
-    const bool few = scope.length() <= PrefixIndex::fewBindings;
-    const bool news = scope.length() == 0 || !few || !binds(scope, prefix);
-    PrefixMemo* memo = nullptr;
-    if (news && prefix.length <= 8) {
-        const std::uint64_t bytes =
-            prefix.length == 0 ? 0 : firstBytes(load64(prefix.data), prefix.length);
-        memo = &memoOf(bytes);
-        *memo = {bytes, binding.uri.data, binding.uri.length, PrefixMemo::unknown};
+    if (prefix.length <= 8) {
+        memoOf(prefixBytes(prefix)).length = PrefixMemo::unknown;
     }
     namespaceStack_.addNamespace(binding);
-    if (aside_ && aside_->prefixIndex) [[unlikely]] {
+    if (aside_ && aside_->prefixIndex) {
         auto index = std::move(aside_->prefixIndex);  // which goes if memory runs out half-way
-        index->bind(inner, binding);
+        index->bind(namespaceStack_.depth() - 1, binding);
         aside_->prefixIndex = std::move(index);
     }
-    if (memo != nullptr && few) {
-        memo->length = prefix.length;
-    }
-    declaredInTag_ = true;
 }
 
 // A declaration counts for the whole tag, so for attributes in front of it too.
