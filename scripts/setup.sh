@@ -16,7 +16,7 @@ case "${1:-}" in
         libbenchmark-dev libexpat1-dev libxml2-dev   # benchmarks and their peers
         libpugixml-dev librapidxml-dev qt6-base-dev
         libicu-dev libssl-dev zlib1g-dev
-        libboost-regex-dev libpcre2-dev libre2-dev
+        libboost-dev libboost-regex-dev libpcre2-dev libre2-dev
         gdb                                          # pretty printers
     ) ;;
 *)

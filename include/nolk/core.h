@@ -16,8 +16,16 @@
 #include <nolk/core/ConversionException.h>
 #include <nolk/core/Converters.h>
 #include <nolk/core/CountingPointer.h>
+#include <nolk/core/Date.h>
+#include <nolk/core/DateTime.h>
 #include <nolk/core/DaylightBoundary.h>
 #include <nolk/core/DaylightRule.h>
+#include <nolk/core/Decimal.h>
+#include <nolk/core/DecimalBase.h>
+#include <nolk/core/DecimalInit.h>
+#include <nolk/core/DecimalOperators.h>
+#include <nolk/core/DecimalParser.h>
+#include <nolk/core/DecimalParserBase.h>
 #include <nolk/core/DynamicLibraryException.h>
 #include <nolk/core/DynamicLibraryLoadException.h>
 #include <nolk/core/DynamicLibraryMethodException.h>
@@ -35,6 +43,9 @@
 #include <nolk/core/IntrusiveListIterator.h>
 #include <nolk/core/IntrusiveListLink.h>
 #include <nolk/core/Iso8601DateTime.h>
+#include <nolk/core/Locale.h>
+#include <nolk/core/LocaleSnapshot.h>
+#include <nolk/core/LocaleTimeFormat.h>
 #include <nolk/core/LocalizedMessage.h>
 #include <nolk/core/LoggerException.h>
 #include <nolk/core/MessageCatalogException.h>
@@ -46,6 +57,7 @@
 #include <nolk/core/NullPointerException.h>
 #include <nolk/core/OutOfBoundsException.h>
 #include <nolk/core/QXArrayByteSource.h>
+#include <nolk/core/QXTimeFmtList.h>
 #include <nolk/core/QueueClosedException.h>
 #include <nolk/core/QueueException.h>
 #include <nolk/core/QueueWriteClosedException.h>
@@ -61,6 +73,7 @@
 #include <nolk/core/ThreadException.h>
 #include <nolk/core/ThreadJoinException.h>
 #include <nolk/core/ThreadSystemException.h>
+#include <nolk/core/TimeSpan.h>
 #include <nolk/core/TimeZone.h>
 #include <nolk/core/TimeZoneSimple.h>
 #include <nolk/core/Types.h>

@@ -5,9 +5,9 @@
 #include "nolk/core/platform/Clock.h"
 #include "nolk/core/platform/Zone.h"
 #include "nolk/core/values/DaylightProbe.h"
+#include "nolk/core/values/ProcessSlot.h"
 #include "nolk/core/values/TimeZoneCache.h"
 
-#include <atomic>
 #include <memory>
 
 namespace nolk {
@@ -16,47 +16,10 @@ namespace {
 
 constexpr long daylightSeconds = 3600;
 
-// The place of one zone: null, a caller's zone, or one that was made here. Of threads that find it
-// empty at the same time each makes a zone, and the first one's stays.
-class Slot {
-public:
-    template <typename Make>
-    const TimeZone& get(Make make) {
-        if (const TimeZone* zone = current_.load(std::memory_order_acquire)) {
-            return *zone;
-        }
-        std::unique_ptr<const TimeZone> zone = make();
-        const TimeZone* found = nullptr;
-        if (!current_.compare_exchange_strong(found, zone.get(), std::memory_order_acq_rel)) {
-            return *found;
-        }
-        made_.store(zone.get(), std::memory_order_release);
-        return *zone.release();
-    }
-
-    const TimeZone* set(const TimeZone* zone) noexcept {
-        return current_.exchange(zone, std::memory_order_acq_rel);
-    }
-
-    // Deletes the zone if it was made here.
-    void release() noexcept {
-        const TimeZone* made = made_.load(std::memory_order_acquire);
-        const TimeZone* zone = made;
-        if (made != nullptr && current_.compare_exchange_strong(zone, nullptr)) {
-            made_.store(nullptr, std::memory_order_release);
-            delete made;
-        }
-    }
-
-private:
-    std::atomic<const TimeZone*> current_ = nullptr;
-    std::atomic<const TimeZone*> made_ = nullptr;
-};
-
-constinit Slot localSlot;
-constinit Slot standardSlot;
-constinit Slot systemSlot;
-constinit Slot utcSlot;
+constinit ProcessSlot<TimeZone> localSlot;
+constinit ProcessSlot<TimeZone> standardSlot;
+constinit ProcessSlot<TimeZone> systemSlot;
+constinit ProcessSlot<TimeZone> utcSlot;
 
 std::unique_ptr<const TimeZone> makeZone(const platform::ZoneFacts& facts,
                                          const DaylightRule* rule) {
