@@ -34,6 +34,7 @@ TEST(ValuesAllocation, ReadingAnInstantInAFormOfExchangeTakesNoMemory) {
 }
 
 TEST(ValuesAllocation, ReadingAndMovingFieldsTakesNoMemory) {
+    TimeZone::utc();
     const long before = test::FailingAllocation::made();
     DateTime time = test::at(2010, 3, 14, 8);
     time.incrementHour(time.hour(test::eastern));
