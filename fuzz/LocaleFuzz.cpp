@@ -77,9 +77,10 @@ void checkMoney(const Locale& locale, const std::string& text) {
             require(value == 77, "what isn't read leaves its result");
             continue;
         }
-        // Within ten separators, and where a double tells each unit.
+        // Within ten separators, and where a double that was divided by the scale, rounded, still
+        // tells each unit: below 2 to the power 52.
         double back = 0;
-        require(std::abs(value) > 9e15 ||
+        require(std::abs(value) > 4.5e15 ||
                     (locale.stringToMoney(locale.moneyAsString(value, symbol), &back, symbol) &&
                      back == value),
                 "amounts are read again");
