@@ -25,6 +25,7 @@ function(nolk_add_test_locales)
     foreach(name de_DE en_US fr_FR cs_CZ ja_JP en_IN)
         nolk_compile_locale(${name} UTF-8)
     endforeach()
+    nolk_compile_locale(de_DE ISO-8859-1)
 endfunction()
 
 function(nolk_use_test_locales)

@@ -16,7 +16,7 @@ esac
 case "$room" in
 xml) programs=(xml_benchmarks) ;;
 strings) programs=(cstring_benchmarks ustring_benchmarks transcoding_benchmarks encoder_benchmarks) ;;
-values) programs=(iso8601_benchmarks time_zone_benchmarks) ;;
+values) programs=(date_time_benchmarks decimal_benchmarks iso8601_benchmarks) ;;
 regex) programs=(regex_benchmarks) ;;
 esac
 

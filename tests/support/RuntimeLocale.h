@@ -10,11 +10,12 @@
 namespace nolk::test {
 
 /** Cultures that tests speak of. */
-enum class Culture { german, english, french, czech, japanese, indian };
+enum class Culture { german, english, french, czech, japanese, indian, germanOfBytes };
 
 /**
  * The name of a culture's locale for the run-time library: UTF-8 where the build compiles it, the
- * system's own with a code page on Windows.
+ * system's own with a code page on Windows. `germanOfBytes` has one byte for each character, with
+ * 0xC4 and 0xE4 for the two cases of a letter.
  */
 const char* runtimeName(Culture culture);
 

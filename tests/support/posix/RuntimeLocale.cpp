@@ -16,8 +16,9 @@ __attribute__((weak)) void __lsan_enable();
 namespace nolk::test {
 
 const char* runtimeName(Culture culture) {
-    static constexpr const char* names[] = {"de_DE.UTF-8", "en_US.UTF-8", "fr_FR.UTF-8",
-                                            "cs_CZ.UTF-8", "ja_JP.UTF-8", "en_IN.UTF-8"};
+    static constexpr const char* names[] = {"de_DE.UTF-8",     "en_US.UTF-8", "fr_FR.UTF-8",
+                                            "cs_CZ.UTF-8",     "ja_JP.UTF-8", "en_IN.UTF-8",
+                                            "de_DE.ISO-8859-1"};
     return names[static_cast<int>(culture)];
 }
 
